@@ -1,0 +1,109 @@
+#include "app/mainwindow.h"
+#include "link/monitoring.h"
+#include "params/expertvalues.h"
+#include "ui_mainwindow.h"
+
+#include <QtCore/QTimer>
+#include <QtWidgets/QMessageBox>
+
+#include <string_view>
+#include <utility>
+
+using ombrix_sdk::OmbrixSdk;
+
+void MainWindow::connectDevice()
+{
+    selectedPort = ui->selectDeviceComboBox->currentText();
+    if (!openCameraLink(selectedPort.toStdString())) {
+        return;
+    }
+    // Only this one byte means that a camera answered; 2 or 255 do not.
+    if (camera->connect(connectionContext) != 1) {
+        appendLog("No camera connected");
+        disconnectDevice();
+        return;
+    }
+    if (readCameraParameters()) {
+        ui->scanDeviceButton->setEnabled(false);
+        ui->selectDeviceComboBox->setEnabled(false);
+        ui->connectDeviceButton->setEnabled(false);
+        ui->disconnectDeviceButton->setEnabled(true);
+        ui->resetParamButtonUser->setEnabled(true);
+        ui->readParamButtonUser->setEnabled(true);
+        ui->tabWidget->setEnabled(true);
+        timer->start(tavrel::monitoringInterval);
+    }
+    // A failed read leaves the link open, so that the operator can press Connect again; the expert
+    // values are shown in either case.
+    setupExpertSliders();
+    if (OmbrixSdk::get_instance()->getConfiguration()->isExpertModeEnabled() == 1) {
+        ReadParamsExpert();
+    }
+}
+
+bool MainWindow::openCameraLink(std::string port)
+{
+    const auto refuse = [this] {
+        QMessageBox::about(this, tr("Invalid communication"), tr("Select an other serial port"));
+        return false;
+    };
+
+    const char* const type = OmbrixSdk::get_instance()->getConfiguration()->getCommunicationType();
+    if (type == nullptr || std::string_view(type) != "UART") {
+        return refuse();
+    }
+    portName = std::move(port);
+    appendLog("ALTERNATIVE SERIAL PORT : " + portName);
+    link = OmbrixSdk::get_instance()->createSerialLink();
+    camera = link->openCamera(portName.c_str());
+    return camera != nullptr || refuse();
+}
+
+void MainWindow::disconnectDevice()
+{
+    if (link != nullptr) {
+        link->closeCamera(camera);
+    }
+    timer->stop();
+    if (link != nullptr) {
+        OmbrixSdk::get_instance()->releaseSerialLink(&link);
+        // Released is released, whether or not the library cleared the pointer.
+        link = nullptr;
+    }
+    ui->scanDeviceButton->setEnabled(true);
+    ui->selectDeviceComboBox->setEnabled(true);
+    ui->connectDeviceButton->setEnabled(true);
+    ui->disconnectDeviceButton->setEnabled(false);
+    ui->resetParamButtonUser->setEnabled(false);
+    ui->readParamButtonUser->setEnabled(false);
+    ui->tabWidget->setEnabled(false);
+}
+
+void MainWindow::setupExpertSliders()
+{
+    const ombrix_sdk::ISdkConfiguration* configuration =
+        OmbrixSdk::get_instance()->getConfiguration();
+    for (const tavrel::ExpertValue* value : tavrel::expertValues) {
+        QSlider* slider = ui->*value->pair.slider;
+        slider->setRange(configuration->*value->minimum, configuration->*value->maximum);
+        slider->setEnabled(true);
+        slider->setOrientation(Qt::Horizontal);
+        slider->setTickInterval(1);
+        slider->setSingleStep(1);
+        slider->setPageStep(10);
+        slider->setValue(configuration->*value->configured);
+
+        QDoubleSpinBox* box = ui->*value->pair.box;
+        if (value->boxHasLimits) {
+            box->setRange(configuration->*value->minimum, configuration->*value->maximum);
+        }
+        box->setValue(configuration->*value->configured);
+        box->setSingleStep(1.0);
+    }
+}
+
+void MainWindow::showNotConnected()
+{
+    QMessageBox::about(this, tr("Camera not connected"),
+                       tr("Unable to connect to %1").arg(QString::fromStdString(portName)));
+}

@@ -1,0 +1,21 @@
+#include "app/mainwindow.h"
+#include "ui_mainwindow.h"
+
+#include <QtWidgets/QMessageBox>
+
+void MainWindow::scanDevice()
+{
+    availablePorts = QSerialPortInfo::availablePorts();
+    ui->selectDeviceComboBox->clear();
+    if (availablePorts.isEmpty()) {
+        QMessageBox::warning(this, QString(),
+                             tr("No COM port found!\nPlease, plug a COM port ans scan again."),
+                             QMessageBox::Ok);
+        return;
+    }
+    for (const QSerialPortInfo& port : qAsConst(availablePorts)) {
+        ui->selectDeviceComboBox->addItem(port.portName());
+    }
+    ui->connectDeviceButton->setEnabled(true);
+    ui->selectDeviceComboBox->setEnabled(true);
+}
