@@ -1,0 +1,59 @@
+// A slider and a spin box that show one value, each in its own scale. The spin box holds the value
+// of record; the slider follows it and leads it.
+#pragma once
+
+#include "params/conversions.h"
+#include "ui_mainwindow.h"
+
+#include <cmath>
+
+namespace tavrel {
+
+/// Slider with a double spin box: box = slider x unitsPerStep + offset.
+struct DecimalPair {
+    QSlider* Ui_MainWindow::*slider;
+    QDoubleSpinBox* Ui_MainWindow::*box;
+    double unitsPerStep;
+    double stepsPerUnit; ///< 1 / unitsPerStep, kept apart because 0.1 has no exact double
+    double offset;
+
+    double toBox(int sliderValue) const { return sliderValue * unitsPerStep + offset; }
+
+    /// Nearest step, halves away from zero.
+    int toSlider(double boxValue) const
+    {
+        return saturatedInt(std::round((boxValue - offset) * stepsPerUnit));
+    }
+};
+
+/// Slider with an integer spin box of the same scale.
+struct IntegerPair {
+    QSlider* Ui_MainWindow::*slider;
+    QSpinBox* Ui_MainWindow::*box;
+
+    static int toBox(int sliderValue) { return sliderValue; }
+    static int toSlider(int boxValue) { return boxValue; }
+};
+
+/// Shows a slider's new value in its spin box. An equal value is left alone, which ends the
+/// exchange of change signals after one round.
+template<typename Pair> void mirrorToBox(const Ui_MainWindow& ui, const Pair& pair, int sliderValue)
+{
+    const auto converted = pair.toBox(sliderValue);
+    if ((ui.*pair.box)->value() != converted) {
+        (ui.*pair.box)->setValue(converted);
+    }
+}
+
+/// Shows a spin box's new value on its slider. A slider that stops at its end hands the clamped
+/// value back, unless it stood there already.
+template<typename Pair, typename Value>
+void mirrorToSlider(const Ui_MainWindow& ui, const Pair& pair, Value boxValue)
+{
+    const int converted = pair.toSlider(boxValue);
+    if ((ui.*pair.slider)->value() != converted) {
+        (ui.*pair.slider)->setValue(converted);
+    }
+}
+
+} // namespace tavrel

@@ -1,0 +1,79 @@
+// One-shot NUC requests and the shutter.
+#include "app/mainwindow.h"
+#include "app/platform.h"
+#include "params/toggles.h"
+#include "ui_mainwindow.h"
+
+#include <QtWidgets/QMessageBox>
+
+namespace {
+
+constexpr tavrel::Captions shutterCaptions{"Shutter closed", "Shutter opened"};
+
+/// What the camera needs to close the shutter, correct and open it again.
+constexpr std::chrono::milliseconds automaticNucDuration{1600};
+
+} // namespace
+
+void MainWindow::requestNuc(bool automatic)
+{
+    if (camera == nullptr) {
+        return;
+    }
+    lastResult = camera->requestNuc(automatic ? 1 : 0);
+    if (lastResult == 0) {
+        QMessageBox::warning(this, QString(), tr("Error on processing the NUC request"),
+                             QMessageBox::Ok);
+        return;
+    }
+    ui->nucEnablingButton->setChecked(true);
+    ui->nucEnablingButton->setText(QLatin1String(tavrel::toggle::nuc.captions.on));
+    appendLog("NUC applied");
+}
+
+void MainWindow::ApplyNucRequest()
+{
+    requestNuc(false);
+}
+
+void MainWindow::AutoNucRequest()
+{
+    requestNuc(true);
+    tavrel::platform::blockThread(automaticNucDuration);
+    readShutterPosition();
+}
+
+void MainWindow::shutterPositionChanged()
+{
+    if (camera == nullptr) {
+        return;
+    }
+    const ombrix_sdk::Flag result = camera->setShutterPosition(ui->shutterCtrlPB->isChecked());
+    if (result != 0) {
+        tavrel::alignCaption(*ui->shutterCtrlPB, shutterCaptions);
+    }
+    reportResult(result, "Set shutter position");
+    if (result == 0) {
+        // A refused shutter is shown as open, whatever was asked for.
+        ui->shutterCtrlPB->setChecked(false);
+    }
+}
+
+void MainWindow::readShutterPosition()
+{
+    if (camera == nullptr) {
+        return;
+    }
+    // A camera that reports success without writing the position reads as closed.
+    std::uint8_t position = 0x37;
+    lastResult = camera->getShutterPosition(&position);
+    if (lastResult == 0) {
+        appendLog("Unable to get shutter position");
+        return;
+    }
+    const bool closed = position != 0;
+    const char* const caption = closed ? shutterCaptions.on : shutterCaptions.off;
+    ui->shutterCtrlPB->setChecked(closed);
+    ui->shutterCtrlPB->setText(QLatin1String(caption));
+    appendLog(caption);
+}

@@ -1,0 +1,119 @@
+#include "params/regions.h"
+
+#include "app/mainwindow.h"
+
+#include <QtWidgets/QMessageBox>
+
+using ombrix_sdk::Flag;
+using ombrix_sdk::ICamera;
+using tavrel::Region;
+using tavrel::regions;
+
+namespace tavrel {
+
+/// One of the four coordinates of a region, held against its opposite.
+struct Coordinate {
+    const char* name;
+    QSpinBox* Ui_MainWindow::*Region::*low; ///< gives way when it exceeds high
+    QSpinBox* Ui_MainWindow::*Region::*high;
+    QSpinBox* Ui_MainWindow::*Region::*sent;
+    const char* rule;
+    Flag (ICamera::*set)(std::uint32_t coordinate, std::uint32_t region, bool roi1Inclusive,
+                         bool roi0Exclusive, bool roi1Exclusive);
+};
+
+} // namespace tavrel
+
+namespace {
+
+using tavrel::Coordinate;
+
+constexpr const char* xRule = QT_TRANSLATE_NOOP("MainWindow", " X1 must be lower than ROI X2");
+constexpr const char* yRule = QT_TRANSLATE_NOOP("MainWindow", " Y1 must be lower than ROI Y2");
+
+// clang-format off
+constexpr Coordinate x1{"X1", &Region::x1, &Region::x2, &Region::x1, xRule, &ICamera::setRoiX1};
+constexpr Coordinate x2{"X2", &Region::x1, &Region::x2, &Region::x2, xRule, &ICamera::setRoiX2};
+constexpr Coordinate y1{"Y1", &Region::y1, &Region::y2, &Region::y1, yRule, &ICamera::setRoiY1};
+constexpr Coordinate y2{"Y2", &Region::y1, &Region::y2, &Region::y2, yRule, &ICamera::setRoiY2};
+// clang-format on
+
+bool isRegion(int region)
+{
+    return region >= 0 && region < static_cast<int>(regions.size());
+}
+
+} // namespace
+
+void MainWindow::sendCoordinate(const Coordinate& coordinate, int region)
+{
+    std::uint32_t value = 0;
+    if (isRegion(region)) {
+        const Region& row = regions[static_cast<std::size_t>(region)];
+        QSpinBox* low = ui->*(row.*coordinate.low);
+        const QSpinBox* high = ui->*(row.*coordinate.high);
+        const QSpinBox* sent = ui->*(row.*coordinate.sent);
+        // A rejected value is corrected on screen but still sent as the operator gave it.
+        value = static_cast<std::uint32_t>(sent->value());
+        if (low->value() > high->value()) {
+            low->setValue(high->value());
+            QMessageBox::about(this, tr("ROI"),
+                               tr("ROI ") + QString::number(region) + tr(coordinate.rule));
+        }
+    }
+    if (camera == nullptr) {
+        return;
+    }
+    const Flag result = (camera->*coordinate.set)(
+        value, static_cast<std::uint32_t>(region), ui->roi1IncEnable->isChecked(),
+        ui->roi0ExcEnable->isChecked(), ui->roi1ExcEnable->isChecked());
+    const std::string name = coordinate.name;
+    // A refusal names no region.
+    reportResult(result, "Set ROI " + std::to_string(region) + " " + name + " value OK",
+                 "Set ROI " + name + " value KO");
+}
+
+void MainWindow::x1RoiUserValueChanged(int region)
+{
+    sendCoordinate(x1, region);
+}
+
+void MainWindow::x2RoiUserValueChanged(int region)
+{
+    sendCoordinate(x2, region);
+}
+
+void MainWindow::y1RoiUserValueChanged(int region)
+{
+    sendCoordinate(y1, region);
+}
+
+void MainWindow::y2RoiUserValueChanged(int region)
+{
+    sendCoordinate(y2, region);
+}
+
+void MainWindow::enableRegion(int region)
+{
+    // The camera learns of it only with the next coordinate.
+    const Region& row = regions.at(static_cast<std::size_t>(region));
+    const bool enabled = (ui->*row.enable)->isChecked();
+    for (QSpinBox* Ui_MainWindow::*box : {row.x1, row.x2, row.y1, row.y2}) {
+        (ui->*box)->setEnabled(enabled);
+    }
+}
+
+void MainWindow::roi0ExcCheck()
+{
+    enableRegion(1);
+}
+
+void MainWindow::roi1IncCheck()
+{
+    enableRegion(2);
+}
+
+void MainWindow::roi1ExcCheck()
+{
+    enableRegion(3);
+}
