@@ -1,0 +1,423 @@
+#include "tests/kit/operator.h"
+
+#include "tests/kit/failure.h"
+
+#include <QtCore/QDir>
+#include <QtGui/QWheelEvent>
+#include <QtGui/QWindow>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QAbstractSpinBox>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QSlider>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOptionSlider>
+#include <QtWidgets/QTabBar>
+#include <QtWidgets/QTabWidget>
+
+#include <algorithm>
+
+namespace kit {
+
+namespace {
+
+/// Where the handle of a slider stands when the slider has this value.
+QRect handleAt(const QSlider& slider, int value)
+{
+    struct Access : QSlider {
+        using QSlider::initStyleOption;
+    };
+    QStyleOptionSlider option;
+    (slider.*&Access::initStyleOption)(&option);
+    option.sliderPosition = value;
+    option.sliderValue = value;
+    return slider.style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle,
+                                          &slider);
+}
+
+QStringList toLines(const std::vector<std::string>& texts)
+{
+    QStringList list;
+    for (const std::string& text : texts) {
+        list.append(QString::fromStdString(text));
+    }
+    return list;
+}
+
+} // namespace
+
+void prepareProcess()
+{
+    // Where the variable is already set, the one who set it wants to look at the window.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    qputenv("LC_ALL", "C.UTF-8");
+    qputenv("QT_FONT_DPI", "96");
+    qputenv("QT_STYLE_OVERRIDE", "Fusion");
+    qputenv("QT_LOGGING_RULES", "");
+    QLocale::setDefault(QLocale::c());
+}
+
+QStringList lines(std::initializer_list<const char*> texts)
+{
+    QStringList list;
+    for (const char* const text : texts) {
+        list.append(QString::fromUtf8(text));
+    }
+    return list;
+}
+
+Operator::Operator() : sdk(recording::Sdk::instance()), startDirectory(QDir::currentPath())
+{
+    sdk.reset();
+    if (!temporary.isValid() || !QDir::setCurrent(temporary.path())) {
+        fail(QStringLiteral("no temporary directory"));
+    }
+}
+
+Operator::~Operator()
+{
+    boxes.settle();
+    close();
+    warnings.settle();
+    QDir::setCurrent(startDirectory);
+}
+
+void Operator::start()
+{
+    mainWindow = std::make_unique<MainWindow>();
+    mainWindow->show();
+    activate();
+}
+
+MainWindow& Operator::window()
+{
+    if (!mainWindow) {
+        start();
+    }
+    return *mainWindow;
+}
+
+void Operator::close()
+{
+    mainWindow.reset();
+}
+
+void Operator::activate()
+{
+    QApplication::setActiveWindow(&window());
+    if (!QTest::qWaitForWindowActive(&window())) {
+        fail(QStringLiteral("the window does not become active"));
+    }
+}
+
+void Operator::connectCamera()
+{
+    if (ports.plugged().isEmpty()) {
+        ports.plug(QStringLiteral("ttyUSB0"));
+    }
+    click("scanDeviceButton");
+    click("connectDeviceButton");
+    if (!enabled("disconnectDeviceButton")) {
+        fail(QStringLiteral("no connection came about; the log says:\n") +
+             log().join(QLatin1Char('\n')));
+    }
+    forget();
+}
+
+QWidget* Operator::findWidget(const char* name, const char* type,
+                              const std::function<bool(QWidget&)>& fits)
+{
+    const auto found = window().findChildren<QWidget*>(QLatin1String(name));
+    if (found.size() != 1) {
+        fail(QStringLiteral("%1 widgets are called %2").arg(found.size()).arg(QLatin1String(name)));
+        return nullptr;
+    }
+    if (!fits(*found.first())) {
+        fail(QStringLiteral("%1 is no %2").arg(QLatin1String(name), QLatin1String(type)));
+        return nullptr;
+    }
+    return found.first();
+}
+
+QWidget& Operator::widget(const char* name)
+{
+    return find<QWidget>(name);
+}
+
+bool Operator::reach(QWidget& target)
+{
+    for (QWidget* page = &target; page != nullptr; page = page->parentWidget()) {
+        auto* const tabs = page->parentWidget() == nullptr
+                               ? nullptr
+                               : qobject_cast<QTabWidget*>(page->parentWidget()->parentWidget());
+        const int index = tabs == nullptr ? -1 : tabs->indexOf(page);
+        if (index >= 0 && index != tabs->currentIndex()) {
+            showTab(tabs->tabText(index).toUtf8().constData());
+        }
+    }
+    if (!target.isVisible() || !target.isEnabled()) {
+        fail(QStringLiteral("%1 cannot be used: visible %2, enabled %3")
+                 .arg(target.objectName())
+                 .arg(target.isVisible())
+                 .arg(target.isEnabled()));
+        return false;
+    }
+    if (QApplication::activeModalWidget() == nullptr && !window().isActiveWindow()) {
+        activate();
+    }
+    return true;
+}
+
+void Operator::clickAt(QWidget& target, QPoint position)
+{
+    const QPoint inWindow = target.mapTo(&window(), position);
+    const QWidget* const hit = window().childAt(inWindow);
+    if (hit != &target && !target.isAncestorOf(hit)) {
+        fail(QStringLiteral("%1 is covered").arg(target.objectName()));
+        return;
+    }
+    QTest::mouseClick(window().windowHandle(), Qt::LeftButton, Qt::NoModifier, inWindow);
+}
+
+void Operator::focus(QWidget& target)
+{
+    if (reach(target)) {
+        target.setFocus(Qt::TabFocusReason);
+    }
+}
+
+void Operator::click(const char* name)
+{
+    QWidget& target = widget(name);
+    if (!reach(target)) {
+        return;
+    }
+    QPoint position = target.rect().center();
+    if (const auto* const box = qobject_cast<QCheckBox*>(&target)) {
+        QStyleOptionButton option;
+        option.initFrom(box);
+        position =
+            box->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, box).center();
+    }
+    clickAt(target, position);
+}
+
+void Operator::showTab(const char* title)
+{
+    auto& tabs = find<QTabWidget>("tabWidget");
+    for (int index = 0; index < tabs.count(); ++index) {
+        if (tabs.tabText(index) == QLatin1String(title)) {
+            QTabBar* const bar = tabs.tabBar();
+            if (reach(*bar)) {
+                clickAt(*bar, bar->tabRect(index).center());
+            }
+            if (tabs.currentIndex() != index) {
+                fail(QStringLiteral("the tab %1 does not come to the front")
+                         .arg(QLatin1String(title)));
+            }
+            return;
+        }
+    }
+    fail(QStringLiteral("there is no tab %1").arg(QLatin1String(title)));
+}
+
+void Operator::type(const char* name, const char* text, Qt::Key finish)
+{
+    auto& box = find<QAbstractSpinBox>(name);
+    if (!reach(box)) {
+        return;
+    }
+    if (!box.hasFocus()) {
+        clickAt(box, QPoint(box.width() / 3, box.height() / 2));
+    }
+    QWindow* const target = window().windowHandle();
+    QTest::keyClick(target, Qt::Key_A, Qt::ControlModifier);
+    for (const char* character = text; *character != '\0'; ++character) {
+        QTest::keyClick(target, *character);
+    }
+    if (finish != Qt::Key_unknown) {
+        QTest::keyClick(target, finish);
+    }
+}
+
+void Operator::press(const char* name, Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QWidget& target = widget(name);
+    if (!target.hasFocus()) {
+        focus(target);
+    }
+    QTest::keyClick(window().windowHandle(), key, modifiers);
+}
+
+void Operator::wheel(const char* name, int steps)
+{
+    QWidget& target = widget(name);
+    if (!reach(target)) {
+        return;
+    }
+    constexpr int eighthsOfDegreePerStep = 120;
+    const QPointF position = target.mapTo(&window(), target.rect().center());
+    QWheelEvent event(position, window().mapToGlobal(position.toPoint()), QPoint(),
+                      QPoint(0, steps * eighthsOfDegreePerStep), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(window().windowHandle(), &event);
+}
+
+int Operator::drag(const char* name, int value)
+{
+    auto& slider = find<QSlider>(name);
+    if (!reach(slider)) {
+        return slider.value();
+    }
+    const QRect from = handleAt(slider, slider.sliderPosition());
+    const QPoint way = handleAt(slider, value).topLeft() - from.topLeft();
+    const QPoint start = slider.mapTo(&window(), from.center());
+    dragPosition = start + way;
+    QWindow* const target = window().windowHandle();
+    QTest::mousePress(target, Qt::LeftButton, Qt::NoModifier, start);
+    QTest::mouseMove(target, start + way / 2);
+    QTest::mouseMove(target, dragPosition);
+    return slider.value();
+}
+
+void Operator::release()
+{
+    QTest::mouseRelease(window().windowHandle(), Qt::LeftButton, Qt::NoModifier, dragPosition);
+}
+
+int Operator::dragAndRelease(const char* name, int value)
+{
+    const int reached = drag(name, value);
+    release();
+    return reached;
+}
+
+void Operator::choose(const char* name, const char* entry)
+{
+    auto& combo = find<QComboBox>(name);
+    const int index = combo.findText(QLatin1String(entry));
+    if (index < 0) {
+        fail(QStringLiteral("%1 has no entry %2").arg(QLatin1String(name), QLatin1String(entry)));
+        return;
+    }
+    click(name);
+    if (!combo.view()->isVisible()) {
+        fail(QStringLiteral("%1 does not open").arg(QLatin1String(name)));
+        return;
+    }
+    QWindow* const list = combo.view()->window()->windowHandle();
+    const int row = combo.view()->currentIndex().row();
+    const Qt::Key direction = row < index ? Qt::Key_Down : Qt::Key_Up;
+    for (int step = std::abs(index - row); step > 0; --step) {
+        QTest::keyClick(list, direction);
+    }
+    QTest::keyClick(list, Qt::Key_Return);
+    if (combo.currentIndex() != index) {
+        fail(QStringLiteral("%1 does not take %2").arg(QLatin1String(name), QLatin1String(entry)));
+    }
+}
+
+QStringList Operator::log()
+{
+    QStringList all = find<QPlainTextEdit>("logView").toPlainText().split(QLatin1Char('\n'));
+    // Each line brings its own line feed, so what follows the last one is no line yet.
+    if (all.last().isEmpty()) {
+        all.removeLast();
+    }
+    return all;
+}
+
+QStringList Operator::newLog()
+{
+    return log().mid(logMark);
+}
+
+void Operator::markLog()
+{
+    logMark = log().size();
+}
+
+QString Operator::text(const char* name)
+{
+    QWidget& shown = widget(name);
+    if (const auto* const button = qobject_cast<QAbstractButton*>(&shown)) {
+        return button->text();
+    }
+    if (const auto* const label = qobject_cast<QLabel*>(&shown)) {
+        return label->text();
+    }
+    if (const auto* const box = qobject_cast<QAbstractSpinBox*>(&shown)) {
+        return box->text();
+    }
+    if (const auto* const combo = qobject_cast<QComboBox*>(&shown)) {
+        return combo->currentText();
+    }
+    if (const auto* const pane = qobject_cast<QPlainTextEdit*>(&shown)) {
+        return pane->toPlainText();
+    }
+    fail(QStringLiteral("%1 shows no text").arg(QLatin1String(name)));
+    return {};
+}
+
+bool Operator::checked(const char* name)
+{
+    const auto* const button = qobject_cast<QAbstractButton*>(&widget(name));
+    if (button == nullptr) {
+        fail(QStringLiteral("%1 is no button").arg(QLatin1String(name)));
+    }
+    return button != nullptr && button->isChecked();
+}
+
+bool Operator::enabled(const char* name)
+{
+    return widget(name).isEnabled();
+}
+
+int Operator::sliderValue(const char* name)
+{
+    return find<QSlider>(name).value();
+}
+
+QStringList Operator::calls(recording::Show show)
+{
+    return toLines(sdk.calls(show));
+}
+
+void Operator::forget()
+{
+    sdk.clearJournal();
+    markLog();
+}
+
+void Operator::rest()
+{
+    widget("AboutButton").setFocus(Qt::OtherFocusReason);
+    forget();
+}
+
+void Operator::expectBox(Box box)
+{
+    boxes.expect(std::move(box));
+}
+
+int Operator::boxesAwaited() const
+{
+    return boxes.awaited();
+}
+
+void Operator::expectWarning(const QString& message)
+{
+    warnings.expect(message);
+}
+
+QString Operator::directory() const
+{
+    return temporary.path();
+}
+
+} // namespace kit

@@ -1,0 +1,76 @@
+#include "tests/kit/ports.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QtGlobal>
+
+#include <umockdev.h>
+
+namespace kit {
+
+namespace {
+
+QString adapterPath(const QString& name)
+{
+    return QStringLiteral("/devices/usb1/adapter-%1").arg(name);
+}
+
+QString ttyPath(const QString& name)
+{
+    return adapterPath(name) + QStringLiteral("/tty/") + name;
+}
+
+} // namespace
+
+Ports::Ports() : testbed(umockdev_testbed_new())
+{
+    // Without any tty the list of ports falls back to the host's own device nodes.
+    describe(QStringLiteral("P: /devices/virtual/tty/tty0\n"
+                            "N: tty0\n"
+                            "E: DEVNAME=/dev/tty0\n"
+                            "E: SUBSYSTEM=tty\n"));
+}
+
+Ports::~Ports()
+{
+    g_object_unref(testbed);
+}
+
+void Ports::plug(const QString& name)
+{
+    describe(QStringLiteral("P: %1\n"
+                            "E: SUBSYSTEM=usb\n"
+                            "E: DRIVER=ftdi_sio\n"
+                            "\n"
+                            "P: %2\n"
+                            "N: %3\n"
+                            "E: DEVNAME=/dev/%3\n"
+                            "E: SUBSYSTEM=tty\n")
+                 .arg(adapterPath(name), ttyPath(name), name));
+    names.append(name);
+    names.sort();
+}
+
+void Ports::unplug(const QString& name)
+{
+    if (!names.contains(name)) {
+        qFatal("%s is not plugged", qPrintable(name));
+    }
+    umockdev_testbed_remove_device(testbed, ("/sys" + ttyPath(name).toUtf8()).constData());
+    umockdev_testbed_remove_device(testbed, ("/sys" + adapterPath(name).toUtf8()).constData());
+    names.removeAll(name);
+}
+
+QStringList Ports::plugged() const
+{
+    return names;
+}
+
+void Ports::describe(const QString& device)
+{
+    GError* error = nullptr;
+    if (umockdev_testbed_add_from_string(testbed, device.toUtf8().constData(), &error) == 0) {
+        qFatal("udev testbed: %s", error->message);
+    }
+}
+
+} // namespace kit
