@@ -1,0 +1,84 @@
+#include "simulator/log.h"
+
+#include "sdk/ombrix_sdk.h"
+
+#include <QtCore/QDateTime>
+
+#include <cstdio>
+
+namespace simulator {
+namespace {
+
+QByteArray severityName(int severity)
+{
+    switch (severity) {
+    case ombrix_sdk::startup_severity:
+        return QByteArrayLiteral("startup");
+    case ombrix_sdk::event_severity:
+        return QByteArrayLiteral("event");
+    default:
+        return QByteArrayLiteral("severity ") + QByteArray::number(severity);
+    }
+}
+
+void writeToStandardError(const QByteArray& line)
+{
+    std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stderr);
+    std::fflush(stderr);
+}
+
+} // namespace
+
+void Log::setFile(const QString& path)
+{
+    file.close();
+    if (path.isEmpty()) {
+        return;
+    }
+    file.setFileName(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text)) {
+        problem(QStringLiteral("log file %1: %2; logging to standard error")
+                    .arg(path, file.errorString()));
+    }
+}
+
+void Log::record(int severity, const QByteArray& text)
+{
+    write(severityName(severity).constData(), text);
+}
+
+void Log::notice(const QString& text)
+{
+    write("notice", text.toUtf8());
+}
+
+void Log::problem(const QString& text)
+{
+    write("problem", text.toUtf8(), true);
+}
+
+void Log::misuse(const QString& text)
+{
+    write("misuse", text.toUtf8());
+}
+
+void Log::write(const char* severity, const QByteArray& text, bool alsoStandardError)
+{
+    const QByteArray head = QDateTime::currentDateTime()
+                                .toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"))
+                                .toLatin1() +
+                            " [simulated SDK] " + QByteArray(severity).leftJustified(8) + ' ';
+    QByteArray lines;
+    for (const QByteArray& line : text.split('\n')) {
+        lines += head + line + '\n';
+    }
+    if (file.isOpen()) {
+        file.write(lines);
+        file.flush();
+    }
+    if (!file.isOpen() || alsoStandardError) {
+        writeToStandardError(lines);
+    }
+}
+
+} // namespace simulator

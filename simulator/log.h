@@ -1,0 +1,32 @@
+// The SDK's log: one line per line of a record, with time, a mark that this is a simulator,
+// severity and text, on standard error or in a file.
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QFile>
+#include <QtCore/QString>
+
+namespace simulator {
+
+class Log {
+public:
+    /// Appends to the file from now on; an empty path means standard error. When the file cannot be
+    /// opened, the log stays on standard error and says so.
+    void setFile(const QString& path);
+
+    /// A record of the program. text: any bytes; its lines become lines of the log.
+    void record(int severity, const QByteArray& text);
+    /// The simulator's own news.
+    void notice(const QString& text);
+    /// A mistake in a file that the simulator reads. Always on standard error, too.
+    void problem(const QString& text);
+    /// A call that no correct program makes.
+    void misuse(const QString& text);
+
+private:
+    void write(const char* severity, const QByteArray& text, bool alsoStandardError = false);
+
+    QFile file;
+};
+
+} // namespace simulator
