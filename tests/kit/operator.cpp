@@ -104,6 +104,9 @@ MainWindow& Operator::window()
 
 void Operator::close()
 {
+    if (mainWindow) {
+        mainWindow->close();
+    }
     mainWindow.reset();
 }
 

@@ -77,7 +77,7 @@ public:
     /// Builds and shows the window; window() does so when it was not done yet.
     void start();
     MainWindow& window();
-    /// Destroys the window.
+    /// Closes the window and destroys it, as the end of the program does.
     void close();
     /// Makes the window the active one, which it no longer is after a box was closed.
     void activate();
