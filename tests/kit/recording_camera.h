@@ -181,6 +181,9 @@ public:
     const ombrix_sdk::EdgeCorrection* getEdgeCorrection(ombrix_sdk::EdgeCorrection* area) override
     {
         enter("camera.getEdgeCorrection");
+        if (library().answerOr("camera.getEdgeCorrection", 1) == 0) {
+            return nullptr;
+        }
         if (state().edgeCorrectionFromInside) {
             return &state().edgeCorrection;
         }

@@ -142,7 +142,7 @@ public:
     bool releaseClearsLink = true;
 
     /// Every later call of the operation answers with value: a flag, a status, or what a getter
-    /// returns. "link.openCamera" answered with 0 gives null.
+    /// returns. "link.openCamera" and "camera.getEdgeCorrection" answered with 0 give null.
     void answer(std::string_view operation, double value);
     /// Only the call-th call from now on (1 is the next one) answers with value.
     void answerCall(std::string_view operation, int call, double value);
