@@ -5,7 +5,9 @@ void MainWindow::appendLog(std::string line)
 {
     // The operator may have put the cursor anywhere; a line goes to the end and stays in sight.
     ui->logView->moveCursor(QTextCursor::End);
-    ui->logView->insertPlainText(QString::fromStdString(line + '\n'));
+    line.push_back('\n');
+    ui->logView->insertPlainText(QString::fromStdString(line));
+    line.pop_back();
     ui->logView->moveCursor(QTextCursor::End);
 
     ombrix_sdk::SDKLogger record(ombrix_sdk::event_severity);

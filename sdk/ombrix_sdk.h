@@ -80,7 +80,7 @@ struct ReplacementEntry {
 /// the user parameters, link type and rate, expert mode switch. Owned by the SDK.
 class ISdkConfiguration {
     // The data members below lie at fixed offsets; what stands between belongs to the library.
-    std::uint8_t reservedBytes1[16] = {};
+    [[maybe_unused]] std::uint8_t reservedBytes1[16] = {};
 
 public:
     std::int32_t gskValue = 0;
@@ -89,7 +89,7 @@ public:
     std::int32_t tintValue = 0;
 
 private:
-    std::uint8_t reservedBytes2[20] = {};
+    [[maybe_unused]] std::uint8_t reservedBytes2[20] = {};
 
 public:
     std::int32_t gskMin = 0;
