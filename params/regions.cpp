@@ -47,6 +47,8 @@ bool isRegion(int region)
 
 void MainWindow::sendCoordinate(const Coordinate& coordinate, int region)
 {
+    // The camera judges an index outside the table; it travels and is reported unsigned.
+    const auto index = static_cast<std::uint32_t>(region);
     std::uint32_t value = 0;
     if (isRegion(region)) {
         const Region& row = regions[static_cast<std::size_t>(region)];
@@ -64,12 +66,12 @@ void MainWindow::sendCoordinate(const Coordinate& coordinate, int region)
     if (camera == nullptr) {
         return;
     }
-    const Flag result = (camera->*coordinate.set)(
-        value, static_cast<std::uint32_t>(region), ui->roi1IncEnable->isChecked(),
-        ui->roi0ExcEnable->isChecked(), ui->roi1ExcEnable->isChecked());
+    const Flag result =
+        (camera->*coordinate.set)(value, index, ui->roi1IncEnable->isChecked(),
+                                  ui->roi0ExcEnable->isChecked(), ui->roi1ExcEnable->isChecked());
     const std::string name = coordinate.name;
     // A refusal names no region.
-    reportResult(result, "Set ROI " + std::to_string(region) + " " + name + " value OK",
+    reportResult(result, "Set ROI " + std::to_string(index) + " " + name + " value OK",
                  "Set ROI " + name + " value KO");
 }
 
