@@ -3,6 +3,7 @@
 #include "tests/kit/failure.h"
 
 #include <QtCore/QDir>
+#include <QtCore/QTimer>
 #include <QtGui/QWheelEvent>
 #include <QtGui/QWindow>
 #include <QtWidgets/QAbstractButton>
@@ -110,6 +111,11 @@ void Operator::close()
     mainWindow.reset();
 }
 
+void Operator::endSession()
+{
+    mainWindow.reset();
+}
+
 void Operator::activate()
 {
     QApplication::setActiveWindow(&window());
@@ -130,6 +136,25 @@ void Operator::connectCamera()
              log().join(QLatin1Char('\n')));
     }
     forget();
+}
+
+QTimer& Operator::timer()
+{
+    const auto timers = window().findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
+    if (timers.size() != 1) {
+        qFatal("the window has %d timers", timers.size());
+    }
+    return *timers.first();
+}
+
+void Operator::hurry()
+{
+    timer().setInterval(10);
+}
+
+bool Operator::monitoring()
+{
+    return timer().isActive();
 }
 
 QWidget* Operator::findWidget(const char* name, const char* type,

@@ -55,6 +55,8 @@
 #include <memory>
 #include <vector>
 
+class QTimer;
+
 namespace kit {
 
 /// Fixes language, font size, style and platform, whatever the machine says. Called by
@@ -79,12 +81,21 @@ public:
     MainWindow& window();
     /// Closes the window and destroys it, as the end of the program does.
     void close();
+    /// Destroys the window while it is still shown, as when the desktop's session ends.
+    void endSession();
     /// Makes the window the active one, which it no longer is after a box was closed.
     void activate();
 
     /// Plugs a port when there is none, presses "Scan Devices" and "Connect" and requires that the
     /// window shows the connected state; then empties the journal and marks the log.
     void connectCamera();
+    /// Lets the monitoring timer tick every 10 ms instead of once a second, from now on and until
+    /// it is started again.
+    void hurry();
+    /// Whether the monitoring timer runs.
+    bool monitoring();
+    /// The window's only timer.
+    QTimer& timer();
 
     /// The widget with this object name; fails the test when there is none of this type.
     template<typename Widget> Widget& find(const char* name);

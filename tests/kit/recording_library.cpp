@@ -40,6 +40,21 @@ std::string textOf(const ombrix_sdk::Zoom& value)
            ", " + textOf(value.method);
 }
 
+std::vector<std::uint8_t> tableOf(const std::vector<std::uint64_t>& indexes)
+{
+    constexpr std::size_t regionLength = 8192;
+    constexpr int indexShift = 43;
+    std::vector<std::uint8_t> region(regionLength, 0);
+    std::size_t offset = 0;
+    for (const std::uint64_t index : indexes) {
+        std::uint64_t word = index << indexShift;
+        for (int byte = 0; byte < 8; ++byte, word >>= 8) {
+            region.at(offset++) = static_cast<std::uint8_t>(word & 0xFF);
+        }
+    }
+    return region;
+}
+
 class Link final : public ombrix_sdk::ISerialLink {
 public:
     explicit Link(int objectNumber) : number(objectNumber) {}
@@ -137,6 +152,7 @@ void Library::reset()
     records.clear();
     programmes.clear();
     everyFlag.reset();
+    recordAction = nullptr;
 }
 
 void Library::enterCall(std::string_view operation, int object, std::string arguments)
@@ -185,6 +201,9 @@ void Library::writeRecord(LogRecord record)
         journalFile << entries.back().text() << std::endl;
     }
     records.push_back(std::move(record));
+    if (const auto action = recordAction) {
+        action();
+    }
 }
 
 void Library::readScript(const char* path)
@@ -296,6 +315,11 @@ void Sdk::whenCalled(std::string_view operation, std::function<void()> action)
 {
     operationNamed(operation);
     library->programmes[std::string(operation)].action = std::move(action);
+}
+
+void Sdk::whenLogged(std::function<void()> action)
+{
+    library->recordAction = std::move(action);
 }
 
 std::vector<std::string> Sdk::calls(Show show) const

@@ -101,6 +101,7 @@ public:
     };
     std::map<std::string, Programme, std::less<>> programmes;
     std::optional<double> everyFlag;
+    std::function<void()> recordAction;
 
 private:
     void enterCall(std::string_view operation, int object, std::string arguments);

@@ -50,6 +50,9 @@ struct Region {
     std::uint32_t x1, x2, y1, y2;
 };
 
+/// A table region of 8192 bytes whose first records name these pixel indexes; the rest is zero.
+OMBRIX_SDK_API std::vector<std::uint8_t> tableOf(const std::vector<std::uint64_t>& indexes);
+
 /// The camera behind the getters. A setter that answers nonzero stores its values here.
 struct CameraState {
     std::uint32_t versions = 0x02040123; ///< processor 1.2.3, FPGA 2.0.4 at 60 Hz
@@ -89,7 +92,7 @@ struct CameraState {
     std::uint8_t nucControl = 0;
     std::uint8_t shutterClosed = 0;
     /// What readTableData copies out; what writeTableData stores.
-    std::vector<std::uint8_t> table = std::vector<std::uint8_t>(8192, 0);
+    std::vector<std::uint8_t> table = tableOf({5, 7});
     /// What loadBadPixelList puts into the list.
     std::vector<std::uint64_t> replacements;
     /// What loadBadPixelList writes to "replbp.bin" in the current directory; nothing: no file.
@@ -157,6 +160,9 @@ public:
     /// Runs action inside every call of the operation, after it was written down and before its
     /// answer is made up.
     void whenCalled(std::string_view operation, std::function<void()> action);
+
+    /// Runs action when a log record has been emitted.
+    void whenLogged(std::function<void()> action);
 
     /// The calls in order, as "camera.setGamma(144179)".
     [[nodiscard]] std::vector<std::string> calls(Show show = Show::Commands) const;
