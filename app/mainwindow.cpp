@@ -52,6 +52,12 @@ MainWindow::MainWindow(QWidget* parent)
 
 MainWindow::~MainWindow()
 {
+    // A window that is destroyed while it is shown loses its focus on the way; its fields must not
+    // report the end of an edit to a window that is half gone.
+    const QList<QObject*> children = findChildren<QObject*>();
+    for (QObject* child : children) {
+        child->disconnect(this);
+    }
     // Neither the link nor the camera is closed here, and what the SDK may still hold is kept.
     delete ui;
 }
