@@ -1,0 +1,2 @@
+// Compiles only when the boundary's header brings everything it needs.
+#include "sdk/ombrix_sdk.h"
