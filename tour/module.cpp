@@ -1,0 +1,51 @@
+// Preloaded into the program: starts the operator's thread beside it. Without a folder for the
+// report in the environment it does nothing.
+#include "tour/chapters.h"
+#include "tour/gui.h"
+#include "tour/page.h"
+
+#include <QtCore/QCoreApplication>
+
+#include <iostream>
+#include <thread>
+
+namespace {
+
+constexpr char folderVariable[] = "TAVREL_TOUR";
+constexpr char ownScreenVariable[] = "TAVREL_TOUR_OWN_SCREEN";
+
+std::thread operatorThread;
+
+/// The program ends by its window being closed when all went well, else with exit code 1.
+void takeTheTour(const QString& folder)
+{
+    try {
+        tour::Report report(folder);
+        tour::Operator user(report, qEnvironmentVariableIsSet(ownScreenVariable));
+        tour::connectCamera(user);
+        tour::lookAtTabs(user);
+        tour::writePage(report);
+        if (report.failures() == 0) {
+            user.closeMainWindow();
+            return;
+        }
+        std::cout << report.failures() << " steps failed" << std::endl;
+    } catch (const std::exception& problem) {
+        std::cout << "The tour cannot go on: " << problem.what() << std::endl;
+    }
+    tour::inGui([] { QCoreApplication::exit(1); });
+}
+
+void startTour()
+{
+    const QString folder = qEnvironmentVariable(folderVariable);
+    if (folder.isEmpty()) {
+        return;
+    }
+    qAddPostRoutine([] { operatorThread.join(); });
+    operatorThread = std::thread(takeTheTour, folder);
+}
+
+} // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(startTour)

@@ -1,0 +1,353 @@
+#include "tour/operator.h"
+
+#include "tour/gui.h"
+#include "tour/sight.h"
+
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QSlider>
+#include <QtWidgets/QTabWidget>
+
+#include <thread>
+
+namespace tour {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr std::uint32_t background = 0x6b7f8c;
+
+/// How often a condition is looked at.
+constexpr milliseconds glance{15};
+/// A picture is taken when the screen shows the same for so long.
+constexpr milliseconds stillness{70};
+
+QString quoted(const QString& text)
+{
+    return QStringLiteral("“%1”").arg(text);
+}
+
+} // namespace
+
+Operator::Operator(Report& itsReport, bool ownScreen) : report(itsReport)
+{
+    if (ownScreen) {
+        xServer.paintBackground(background);
+    }
+}
+
+void Operator::step(const QString& title, const std::function<void()>& actions)
+{
+    report.beginStep(title);
+    logExpected = 0;
+    refusals.clear();
+    clicks.clear();
+    pictureIsCurrent = false;
+    try {
+        actions();
+        collectLog();
+        for (const QString& line : qAsConst(report.step().log)) {
+            if (line.endsWith(QLatin1String(" KO")) && !refusals.contains(line)) {
+                throw Failure(QStringLiteral("unexpected: ") + line);
+            }
+        }
+        if (inGui([] { return sight::openDialog() != nullptr; })) {
+            throw Failure(QStringLiteral("an unexpected box is open"));
+        }
+        if (!pictureIsCurrent) {
+            picture({});
+        }
+    } catch (const std::exception& failure) {
+        report.step().failure = QString::fromUtf8(failure.what());
+        picture(QStringLiteral("What the screen showed then"));
+        tidyUp();
+        collectLog();
+    }
+    report.endStep();
+}
+
+void Operator::tidyUp()
+{
+    const auto somethingIsOpen = [] {
+        return sight::openDialog() != nullptr || QApplication::activePopupWidget() != nullptr;
+    };
+    constexpr int patience = 50;
+    for (int attempt = 0; attempt < patience && inGui(somethingIsOpen); ++attempt) {
+        xServer.tapKey(Key::Escape);
+        std::this_thread::sleep_for(stillness);
+    }
+}
+
+void Operator::clickAt(QPoint position)
+{
+    clicks.append(position);
+    pictureIsCurrent = false;
+    xServer.movePointer(position);
+    xServer.pressButton();
+    xServer.releaseButton();
+}
+
+void Operator::waitForWindow()
+{
+    // After a box was closed, the window manager gives the focus back in its own time.
+    expect(QStringLiteral("the window is active"), [] {
+        const QWidget* const window = sight::mainWindow();
+        return window != nullptr && window->isActiveWindow();
+    });
+}
+
+void Operator::park()
+{
+    xServer.movePointer(QPoint(xServer.size().width() - 1, xServer.size().height() - 1));
+}
+
+void Operator::click(const QString& name)
+{
+    waitForWindow();
+    tell(QStringLiteral("Click ") + inGui([&] { return sight::callName(name); }));
+    clickAt(inGui([&] { return sight::place(name); }));
+}
+
+void Operator::showTab(const QString& title)
+{
+    waitForWindow();
+    tell(QStringLiteral("Open the tab ") + quoted(title));
+    clickAt(inGui([&] { return sight::tabPlace(title); }));
+    expect(QStringLiteral("the tab %1 is in front").arg(title), [&] {
+        const auto& tabs = sight::find<QTabWidget>(QStringLiteral("tabWidget"));
+        return tabs.tabText(tabs.currentIndex()) == title;
+    });
+}
+
+void Operator::type(const QString& name, const QString& text)
+{
+    waitForWindow();
+    tell(QStringLiteral("Type %1 into %2").arg(text, name));
+    clickAt(inGui([&] { return sight::place(name); }));
+    const auto hasFocus = [&] {
+        return sight::widget(name).hasFocus();
+    };
+    expect(name + QStringLiteral(" has the keyboard"), hasFocus);
+    xServer.pressKey(Key::Control);
+    xServer.tapCharacter('a');
+    xServer.releaseKey(Key::Control);
+    for (const char character : text.toStdString()) {
+        xServer.tapCharacter(character);
+    }
+    xServer.tapKey(Key::Tab);
+    expect(name + QStringLiteral(" lets go of the keyboard"),
+           [&] { return !hasFocus() || sight::openDialog() != nullptr; });
+}
+
+void Operator::openList(const QString& combo)
+{
+    waitForWindow();
+    clickAt(inGui([&] { return sight::place(combo); }));
+    expect(combo + QStringLiteral(" is open"),
+           [&] { return !sight::entryPlace(combo, sight::text(combo)).isNull(); });
+}
+
+void Operator::take(const QString& combo, const QString& entry)
+{
+    tell(QStringLiteral("Choose %1 in %2").arg(quoted(entry), combo));
+    clickAt(inGui([&] { return sight::entryPlace(combo, entry); }));
+    expect(QStringLiteral("%1 takes %2").arg(combo, entry), [&] {
+        return sight::text(combo) == entry && QApplication::activePopupWidget() == nullptr;
+    });
+}
+
+void Operator::choose(const QString& combo, const QString& entry)
+{
+    openList(combo);
+    take(combo, entry);
+}
+
+void Operator::drag(const QString& slider, int value)
+{
+    waitForWindow();
+    tell(QStringLiteral("Drag %1 to %2").arg(slider).arg(value));
+    const auto [from, to] = inGui([&] {
+        const int now = sight::find<QSlider>(slider).value();
+        return std::pair(sight::handlePlace(slider, now), sight::handlePlace(slider, value));
+    });
+    clicks.append(from);
+    clicks.append(to);
+    pictureIsCurrent = false;
+    xServer.movePointer(from);
+    xServer.pressButton();
+    xServer.movePointer((from + to) / 2);
+    xServer.movePointer(to);
+    const auto isDown = [&] {
+        return sight::find<QSlider>(slider).isSliderDown();
+    };
+    expect(slider + QStringLiteral(" is dragged"), [&] {
+        const auto& dragged = sight::find<QSlider>(slider);
+        return isDown() && sight::handlePlace(slider, dragged.value()) == to;
+    });
+    xServer.releaseButton();
+    expect(slider + QStringLiteral(" is released"), [&] { return !isDown(); });
+}
+
+void Operator::pointAt(const QString& name)
+{
+    waitForWindow();
+    tell(QStringLiteral("Rest the pointer on ") + inGui([&] { return sight::callName(name); }));
+    pictureIsCurrent = false;
+    xServer.movePointer(inGui([&] { return sight::place(name); }));
+}
+
+void Operator::closeDialog()
+{
+    tell(QStringLiteral("Close the dialog"));
+    pictureIsCurrent = false;
+    xServer.requestClose(static_cast<std::uint32_t>(inGui([] {
+        const QDialog* const dialog = sight::openDialog();
+        return dialog == nullptr ? WId{0} : dialog->winId();
+    })));
+    expect(QStringLiteral("the dialog is closed"), [] { return sight::openDialog() == nullptr; });
+}
+
+void Operator::closeMainWindow()
+{
+    xServer.requestClose(
+        static_cast<std::uint32_t>(inGui([] { return sight::mainWindow()->winId(); })));
+}
+
+void Operator::tell(const QString& action)
+{
+    report.step().actions.append(action);
+}
+
+void Operator::answerBox(const QString& title, const QString& text)
+{
+    expect(QStringLiteral("the box “%1” / “%2” appears").arg(title, text), [&] {
+        const auto* const box = qobject_cast<QMessageBox*>(sight::openDialog());
+        return box != nullptr && box->windowTitle() == title && box->text() == text;
+    });
+    const auto button = [] {
+        const auto* const box = qobject_cast<QMessageBox*>(sight::openDialog());
+        return box == nullptr ? nullptr : box->buttons().constFirst();
+    };
+    picture(title.isEmpty() ? QStringLiteral("The box that it answers with")
+                            : QStringLiteral("The box %1").arg(quoted(title)));
+    tell(QStringLiteral("Answer the box with ") +
+         inGui([&] { return quoted(button()->text().remove(QLatin1Char('&'))); }));
+    clickAt(inGui([&] { return button()->mapToGlobal(button()->rect().center()); }));
+    expect(QStringLiteral("the box is closed"), [] { return sight::openDialog() == nullptr; });
+}
+
+void Operator::collectLog()
+{
+    const QStringList lines = inGui(sight::logLines);
+    if (lines.size() < logSeen) {
+        logSeen = 0; // cleared since
+    }
+    report.step().log.append(lines.mid(logSeen));
+    logSeen = lines.size();
+}
+
+void Operator::expectLogLine(const QString& what, const std::function<bool(const QString&)>& isIt)
+{
+    waitFor(QStringLiteral("the event log says: ") + what, [&] {
+        collectLog();
+        const QStringList& log = report.step().log;
+        for (int index = logExpected; index < log.size(); ++index) {
+            if (isIt(log.at(index))) {
+                logExpected = index + 1;
+                return true;
+            }
+        }
+        return false;
+    });
+}
+
+void Operator::expectLog(const QStringList& lines)
+{
+    for (const QString& line : lines) {
+        if (line.endsWith(QLatin1String(" KO"))) {
+            refusals.append(line);
+        }
+        expectLogLine(line, [&](const QString& logged) { return logged == line; });
+    }
+}
+
+void Operator::expectLogBeginning(const QString& beginning)
+{
+    expectLogLine(beginning + QStringLiteral("..."),
+                  [&](const QString& logged) { return logged.startsWith(beginning); });
+}
+
+void Operator::expectText(const QString& name, const QString& text)
+{
+    expect(QStringLiteral("%1 shows %2").arg(name, text),
+           [&] { return sight::text(name) == text; });
+}
+
+void Operator::expectChecked(const QString& name, bool checked)
+{
+    expect(name + (checked ? QStringLiteral(" is checked") : QStringLiteral(" is not checked")),
+           [&] { return sight::find<QAbstractButton>(name).isChecked() == checked; });
+}
+
+void Operator::expectEnabled(const QString& name, bool enabled)
+{
+    expect(name + (enabled ? QStringLiteral(" can be used") : QStringLiteral(" is greyed")),
+           [&] { return sight::widget(name).isEnabled() == enabled; });
+}
+
+void Operator::expectConnected(bool connected)
+{
+    for (const char* const name :
+         {"scanDeviceButton", "selectDeviceComboBox", "connectDeviceButton"}) {
+        expectEnabled(QLatin1String(name), !connected);
+    }
+    for (const char* const name :
+         {"disconnectDeviceButton", "resetParamButtonUser", "readParamButtonUser", "tabWidget"}) {
+        expectEnabled(QLatin1String(name), connected);
+    }
+}
+
+void Operator::expect(const QString& what, const std::function<bool()>& condition,
+                      milliseconds patience)
+{
+    waitFor(
+        what, [&] { return inGui(condition); }, patience);
+}
+
+void Operator::waitFor(const QString& what, const std::function<bool()>& condition,
+                       milliseconds patience)
+{
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end) {
+            throw Failure(QStringLiteral("not so: ") + what);
+        }
+        std::this_thread::sleep_for(glance);
+    }
+}
+
+void Operator::picture(const QString& caption, const QString& name)
+{
+    if (!inGui([] { return QApplication::activePopupWidget() != nullptr; })) {
+        park();
+    }
+    QRect area;
+    QImage image;
+    waitFor(QStringLiteral("the screen is still"), [&] {
+        const QRect areaBefore = std::exchange(area, inGui(sight::shownArea));
+        const QImage before = std::exchange(image, xServer.picture(area));
+        std::this_thread::sleep_for(stillness);
+        return areaBefore == area && before == image;
+    });
+    const QPoint corner = area.intersected(QRect(QPoint(), xServer.size())).topLeft();
+    QVector<QPoint> marks;
+    for (const QPoint click : std::exchange(clicks, {})) {
+        marks.append(click - corner);
+    }
+    report.addPicture(image, caption, marks, name);
+    pictureIsCurrent = true;
+}
+
+} // namespace tour

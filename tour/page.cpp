@@ -1,0 +1,195 @@
+#include "tour/page.h"
+
+#include "tour/sight.h"
+
+#include <QtCore/QDateTime>
+#include <QtCore/QFile>
+#include <QtCore/QTextStream>
+
+#include <algorithm>
+
+namespace tour {
+
+namespace {
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        throw Failure(QStringLiteral("%1 cannot be read").arg(path));
+    }
+    return file.readAll();
+}
+
+QString resource(const char* name)
+{
+    return QString::fromUtf8(contentOf(QLatin1String(":/tour/") + QLatin1String(name)));
+}
+
+/// A line of the event log with what matters in it made visible.
+QString markedUp(const QString& line)
+{
+    const auto marked = [](const char* kind, const QString& text) {
+        return QStringLiteral("<span class=\"%1\">%2</span>").arg(QLatin1String(kind), text);
+    };
+    const QString escaped = line.toHtmlEscaped();
+    if (line.endsWith(QLatin1String(" OK"))) {
+        return escaped.chopped(2) + marked("ok", QStringLiteral("OK"));
+    }
+    if (line.endsWith(QLatin1String(" KO"))) {
+        return escaped.chopped(2) + marked("ko", QStringLiteral("KO"));
+    }
+    if (line.startsWith(QLatin1String("Start ")) || line.startsWith(QLatin1String("End "))) {
+        return marked("frame", escaped);
+    }
+    const QString equals = QStringLiteral(" = ");
+    if (const int at = escaped.indexOf(equals); at >= 0) {
+        const int value = at + equals.size();
+        return escaped.left(value) + marked("value", escaped.mid(value));
+    }
+    return escaped;
+}
+
+QString percent(int part, int whole)
+{
+    return QString::number(100.0 * part / whole, 'f', 2) + QLatin1Char('%');
+}
+
+class Page {
+public:
+    explicit Page(const Report& itsReport) : report(itsReport) { out.setCodec("UTF-8"); }
+
+    QString written()
+    {
+        out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+            << "<meta name=\"viewport\" content=\"width=device-width\">\n"
+            << "<title>Tavrel KV: an operator's tour</title>\n<style>\n"
+            << resource("page.css") << "</style>\n</head>\n<body>\n";
+        writeContents();
+        out << "<main>\n";
+        writeHeader();
+        QString chapter;
+        for (std::size_t index = 0; index < report.allSteps().size(); ++index) {
+            const Step& step = report.allSteps()[index];
+            if (chapter != step.chapter) {
+                chapter = step.chapter;
+                out << "<h2>" << chapter.toHtmlEscaped() << "</h2>\n";
+            }
+            writeStep(index + 1, step);
+        }
+        out << "</main>\n<script>\n" << resource("page.js") << "</script>\n</body>\n</html>\n";
+        out.flush();
+        return text;
+    }
+
+private:
+    void writeContents()
+    {
+        out << "<nav>\n";
+        QString chapter;
+        for (std::size_t index = 0; index < report.allSteps().size(); ++index) {
+            const Step& step = report.allSteps()[index];
+            if (chapter != step.chapter) {
+                chapter = step.chapter;
+                out << "<h2>" << chapter.toHtmlEscaped() << "</h2>\n";
+            }
+            out << "<a href=\"#step-" << index + 1 << '"'
+                << (step.failure.isEmpty() ? "" : " class=\"failed\"") << "><span>" << index + 1
+                << "</span>" << step.title.toHtmlEscaped() << "</a>\n";
+        }
+        out << "</nav>\n";
+    }
+
+    void writeHeader()
+    {
+        const auto& steps = report.allSteps();
+        const int failures = report.failures();
+        out << "<header>\n<h1>Tavrel KV: an operator's tour</h1>\n"
+            << "<p>The program as it was built, worked by real mouse and keyboard events, with a "
+               "simulated camera on a simulated serial port. Each step shows the screen beside the "
+               "lines that the step added to the event log. The numbered rings are the operator's "
+               "clicks; a click on a picture shows it in full size. Taken on "
+            << QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd, hh:mm"))
+            << ".</p>\n<div class=\"verdict" << (failures == 0 ? "" : " failed") << "\">";
+        if (failures == 0) {
+            out << "All " << steps.size() << " steps had their expected effect";
+        } else {
+            out << failures << " of " << steps.size() << " steps failed";
+        }
+        out << "</div>\n</header>\n";
+    }
+
+    void writeStep(std::size_t number, const Step& step)
+    {
+        out << "<section id=\"step-" << number << '"'
+            << (step.failure.isEmpty() ? "" : " class=\"failed\"") << ">\n<h3><span>" << number
+            << "</span>" << step.title.toHtmlEscaped() << "</h3>\n<div class=\"sides\">\n<div>\n";
+        int clicks = 0;
+        for (const Picture& picture : step.pictures) {
+            writePicture(picture, &clicks);
+        }
+        out << "</div>\n<div>\n";
+        if (!step.failure.isEmpty()) {
+            out << "<p class=\"failure\">" << step.failure.toHtmlEscaped() << "</p>\n";
+        }
+        if (!step.actions.isEmpty()) {
+            out << "<h4>The operator</h4>\n<ol>\n";
+            for (const QString& action : step.actions) {
+                out << "<li>" << action.toHtmlEscaped() << "</li>\n";
+            }
+            out << "</ol>\n";
+        }
+        out << "<h4>Event log</h4>\n";
+        if (step.log.isEmpty()) {
+            out << "<p class=\"none\">No new line.</p>\n";
+        } else {
+            out << "<pre>";
+            for (const QString& line : step.log) {
+                out << markedUp(line) << '\n';
+            }
+            out << "</pre>\n";
+        }
+        if (!step.calls.isEmpty()) {
+            out << "<details>\n<summary>" << step.calls.size()
+                << " calls to the camera SDK</summary>\n<pre>"
+                << step.calls.join(QLatin1Char('\n')).toHtmlEscaped() << "</pre>\n</details>\n";
+        }
+        out << "</div>\n</div>\n</section>\n";
+    }
+
+    void writePicture(const Picture& picture, int* clicks)
+    {
+        const QByteArray content = contentOf(report.path(picture.file)).toBase64();
+        out << "<figure>\n<div class=\"picture\"><img alt=\"" << picture.file << "\" width=\""
+            << picture.size.width() << "\" height=\"" << picture.size.height()
+            << "\" src=\"data:image/png;base64," << content << "\">";
+        for (const QPoint click : picture.clicks) {
+            out << "<i data-number=\"" << ++*clicks
+                << "\" style=\"left:" << percent(click.x(), picture.size.width())
+                << ";top:" << percent(click.y(), picture.size.height()) << "\"></i>";
+        }
+        out << "</div>\n";
+        if (!picture.caption.isEmpty()) {
+            out << "<figcaption>" << picture.caption.toHtmlEscaped() << "</figcaption>\n";
+        }
+        out << "</figure>\n";
+    }
+
+    const Report& report;
+    QString text;
+    QTextStream out{&text};
+};
+
+} // namespace
+
+void writePage(const Report& report)
+{
+    const QString path = report.path(QStringLiteral("index.html"));
+    QFile file(path);
+    const QByteArray page = Page(report).written().toUtf8();
+    if (!file.open(QIODevice::WriteOnly) || file.write(page) != page.size()) {
+        throw Failure(QStringLiteral("%1 cannot be written").arg(path));
+    }
+}
+
+} // namespace tour
