@@ -416,6 +416,15 @@ QStringList Operator::calls(recording::Show show)
     return toLines(sdk.calls(show));
 }
 
+QStringList Operator::journal()
+{
+    QStringList texts;
+    for (const recording::Entry& entry : sdk.entries()) {
+        texts.append(QString::fromStdString(entry.text()));
+    }
+    return texts;
+}
+
 void Operator::forget()
 {
     sdk.clearJournal();

@@ -143,6 +143,8 @@ public:
 
     /// The calls since the last clearJournal(), without getters unless asked for.
     QStringList calls(recording::Show show = recording::Show::Commands);
+    /// All calls and log records since then, in order: "camera.setGamma(144179)", "log 2: text".
+    QStringList journal();
     /// Empties the journal and marks the log.
     void forget();
     /// Takes the focus off every editor, then forget(). A spin box that loses the focus finishes an

@@ -24,7 +24,7 @@
 namespace recording {
 
 /// One call of an SDK operation, or one log record.
-struct Entry {
+struct OMBRIX_SDK_API Entry {
     std::string operation; ///< "camera.setGamma", "sdk.saveConfiguration"; "log" for a record
     std::string arguments; ///< "144179", "500, 0, false, true, false"; a record's text
     int object = 0;        ///< which link or camera, counted from 1; a record's severity
