@@ -20,6 +20,11 @@ constexpr unsigned distanceBits = 12;
 constexpr std::uint64_t distanceMask = (std::uint64_t{1} << distanceBits) - 1;
 constexpr std::uint64_t indexPastTheMap = pixelCount;
 constexpr std::uint64_t endOfTable = ~std::uint64_t{0};
+// Words of a plan.
+constexpr QLatin1String missingFile("missing");
+constexpr QLatin1String emptyFile("empty");
+constexpr QLatin1String longFile("long");
+
 constexpr QLatin1String tableFile("replbp.bin"); // in the current directory
 
 bool onSensor(int x, int y)
@@ -252,6 +257,26 @@ bool treatMapFile(const QString& path, int height, int width, std::vector<Replac
         return false;
     }
     return writeFile(tableFile, encodeTable(list), reason);
+}
+
+bool isTreatmentFault(const QString& word)
+{
+    bool isNumber = false;
+    const int entries = word.toInt(&isNumber);
+    return word == missingFile || word == emptyFile || word == longFile ||
+           (isNumber && entries >= 0 && entries <= pixelCount);
+}
+
+void spoilTreatment(const QString& word, std::vector<ReplacementEntry>& list)
+{
+    list.assign(static_cast<std::size_t>(word.toInt()), ReplacementEntry{});
+    QFile::remove(tableFile);
+    QString reason;
+    if (word == emptyFile) {
+        writeFile(tableFile, {}, &reason);
+    } else if (word == longFile) {
+        writeFile(tableFile, QByteArray(tableLength + 1, '\xFF'), &reason);
+    }
 }
 
 QByteArray fillRegion(const QByteArray& table)

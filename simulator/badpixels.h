@@ -78,6 +78,12 @@ QByteArray encodeTable(const std::vector<ombrix_sdk::ReplacementEntry>& entries)
 bool treatMapFile(const QString& path, int height, int width,
                   std::vector<ombrix_sdk::ReplacementEntry>& list, QString* reason);
 
+/// Whether the word names a way in which a treatment can go wrong: "missing", "empty" or "long" for
+/// what becomes of "replbp.bin", or a number of entries for the list.
+bool isTreatmentFault(const QString& word);
+/// Leaves behind what such a treatment leaves; an empty word is "missing".
+void spoilTreatment(const QString& word, std::vector<ombrix_sdk::ReplacementEntry>& list);
+
 /// The table as it stands in the camera's region: followed by one 0x00 and filled with 0xFF.
 QByteArray fillRegion(const QByteArray& table);
 

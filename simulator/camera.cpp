@@ -37,7 +37,8 @@ Flag asFlag(bool success)
     return success ? 1 : 0;
 }
 
-/// Tells the log why an operation on a file was refused, because the program cannot know.
+/// The same for an operation on a file; tells the log why it was refused, because the program
+/// cannot know.
 Flag asFlag(bool success, Operation operation, const std::string& path, const QString& reason)
 {
     if (!success) {
@@ -49,24 +50,54 @@ Flag asFlag(bool success, Operation operation, const std::string& path, const QS
 
 } // namespace
 
+Camera::Camera(Device& openedDevice, std::uint32_t linkBaudRate)
+    : device(openedDevice), serialNumber(openedDevice.get<std::uint32_t>(P::SerialNumber)),
+      baudRate(linkBaudRate)
+{}
+
+QString Camera::name() const
+{
+    return QStringLiteral("camera %1").arg(serialNumber);
+}
+
 Camera::Passage Camera::enter(Operation operation)
 {
+    Simulator& simulator = Simulator::instance();
     if (!open) {
-        Simulator::instance().log().misuse(
+        simulator.log().misuse(
             QStringLiteral("%1 on a camera that is closed").arg(nameOf(operation)));
-        return {};
+        return {.note = QStringLiteral("closed")};
     }
-    if (factsOf(operation).overTheLink && baudRate != device.baudRate()) {
-        return {};
+    const Verdict verdict = simulator.judge(operation);
+    const bool reached = simulator.reach(&device, baudRate, operation, verdict);
+    if (!reached) {
+        return {.note = Simulator::noteOf(reached, verdict)};
     }
-    return {.carryOut = true};
+    return {.carryOut = verdict.carryOut,
+            .value = verdict.value,
+            .word = verdict.word,
+            .note = Simulator::noteOf(reached, verdict)};
+}
+
+void Camera::leave(Operation operation, const QStringList& arguments, const QString& answer,
+                   const QString& note)
+{
+    Simulator::instance().journal().write(
+        {name(), nameOf(operation), arguments, answer, filled, note});
 }
 
 template<typename Result, typename Action, typename... Arguments>
-Result Camera::perform(Operation operation, Result failure, Action action, const Arguments&...)
+Result Camera::perform(Operation operation, Result failure, Action action,
+                       const Arguments&... arguments)
 {
+    filled.clear();
     const Passage passage = enter(operation);
-    return passage.carryOut ? action() : failure;
+    Result result = passage.carryOut ? action() : failure;
+    if (passage.value) {
+        result = static_cast<Result>(*passage.value);
+    }
+    leave(operation, {journalText(arguments)...}, journalText(result), passage.note);
+    return result;
 }
 
 template<typename Type> Type Camera::getValue(Operation operation, Parameter parameter)
@@ -83,16 +114,14 @@ template<typename Type> Flag Camera::setValue(Operation operation, Parameter par
 template<typename Record, typename Fill>
 Flag Camera::fillRecord(Operation operation, Record* record, Fill fill)
 {
-    return perform(
-        operation, refused,
-        [&] {
-            if (!isGiven(operation, record)) {
-                return refused;
-            }
-            fill(*record);
-            return asFlag(true);
-        },
-        record);
+    return perform(operation, refused, [&] {
+        if (!isGiven(operation, record)) {
+            return refused;
+        }
+        fill(*record);
+        filled = journalText(*record);
+        return asFlag(true);
+    });
 }
 
 bool Camera::isGiven(Operation operation, const void* pointer) const
@@ -158,9 +187,8 @@ Flag Camera::setRegion(Operation operation, Coordinate coordinate, std::uint32_t
 
 std::uint8_t Camera::connect(void* context)
 {
-    return perform(
-        O::Connect, std::uint8_t{0},
-        [&] { return isGiven(O::Connect, context) ? connected : std::uint8_t{0}; }, context);
+    return perform(O::Connect, std::uint8_t{0},
+                   [&] { return isGiven(O::Connect, context) ? connected : std::uint8_t{0}; });
 }
 
 void Camera::getVersions(std::uint32_t* versions)
@@ -168,16 +196,13 @@ void Camera::getVersions(std::uint32_t* versions)
     constexpr unsigned fpgaShift = 16;
     constexpr std::uint32_t nineHertzBit = 1U << 28U;
     constexpr std::uint32_t mipiBit = 1U << 29U;
-    const auto word = perform(
-        O::GetVersions, std::uint32_t{0},
-        [&] {
-            isGiven(O::GetVersions, versions);
-            return device.get<std::uint32_t>(P::FirmwareVersion) |
-                   device.get<std::uint32_t>(P::FpgaVersion) << fpgaShift |
-                   (device.get<bool>(P::NineHertz) ? nineHertzBit : 0) |
-                   (device.get<bool>(P::Mipi) ? mipiBit : 0);
-        },
-        versions);
+    const auto word = perform(O::GetVersions, std::uint32_t{0}, [&] {
+        isGiven(O::GetVersions, versions);
+        return device.get<std::uint32_t>(P::FirmwareVersion) |
+               device.get<std::uint32_t>(P::FpgaVersion) << fpgaShift |
+               (device.get<bool>(P::NineHertz) ? nineHertzBit : 0) |
+               (device.get<bool>(P::Mipi) ? mipiBit : 0);
+    });
     if (versions != nullptr) {
         *versions = word;
     }
@@ -201,8 +226,8 @@ std::uint32_t Camera::getSensorSerialNumber()
 Flag Camera::getTemperatures(Temperatures* temperatures)
 {
     return fillRecord(O::GetTemperatures, temperatures, [&](Temperatures& record) {
-        record.sensor = device.get<float>(P::SensorTemperature);
-        record.fpga = device.get<float>(P::FpgaTemperature);
+        record.sensor = device.temperature(P::SensorTemperature);
+        record.fpga = device.temperature(P::FpgaTemperature);
     });
 }
 
@@ -469,17 +494,15 @@ const EdgeCorrection* Camera::getEdgeCorrection(EdgeCorrection* area)
 {
     EdgeCorrection* record = area != nullptr ? area : &spareEdgeRecord;
     *record = {};
-    perform(
-        O::GetEdgeCorrection, refused,
-        [&] {
-            isGiven(O::GetEdgeCorrection, area);
-            record->type = device.get<std::uint8_t>(P::EdgeType);
-            record->gain = device.get<std::uint32_t>(P::EdgeGain);
-            record->firstThreshold = device.get<std::uint32_t>(P::EdgeFirstThreshold);
-            record->secondThreshold = device.get<std::uint32_t>(P::EdgeSecondThreshold);
-            return asFlag(true);
-        },
-        area);
+    perform(O::GetEdgeCorrection, refused, [&] {
+        isGiven(O::GetEdgeCorrection, area);
+        record->type = device.get<std::uint8_t>(P::EdgeType);
+        record->gain = device.get<std::uint32_t>(P::EdgeGain);
+        record->firstThreshold = device.get<std::uint32_t>(P::EdgeFirstThreshold);
+        record->secondThreshold = device.get<std::uint32_t>(P::EdgeSecondThreshold);
+        filled = journalText(*record);
+        return asFlag(true);
+    });
     return record;
 }
 
@@ -640,7 +663,7 @@ std::int32_t Camera::readTableData(std::uint32_t offset, std::uint32_t length, s
             std::memcpy(buffer, device.tableRegion().constData(), tableLength);
             return tableRead;
         },
-        offset, length, tableId, buffer);
+        offset, length, tableId);
 }
 
 Flag Camera::writeTableData(std::uint32_t offset, std::uint32_t length, std::uint8_t tableId,
@@ -656,20 +679,23 @@ Flag Camera::writeTableData(std::uint32_t offset, std::uint32_t length, std::uin
             device.writeTable(QByteArray(static_cast<const char*>(buffer), tableLength));
             return asFlag(true);
         },
-        offset, length, tableId, buffer);
+        offset, length, tableId);
 }
 
 void Camera::loadBadPixelList(const std::string& path, std::vector<ReplacementEntry>& list,
                               int& height, int& width)
 {
-    perform(
-        O::LoadBadPixelList, refused,
-        [&] {
-            QString reason;
-            const bool treated = treatMapFile(pathFromBytes(path), height, width, list, &reason);
-            return asFlag(treated, O::LoadBadPixelList, path, reason);
-        },
-        path, height, width);
+    filled.clear();
+    const Passage passage = enter(O::LoadBadPixelList);
+    if (passage.carryOut) {
+        QString reason;
+        const bool treated = treatMapFile(pathFromBytes(path), height, width, list, &reason);
+        asFlag(treated, O::LoadBadPixelList, path, reason);
+    } else {
+        spoilTreatment(passage.word, list);
+    }
+    leave(O::LoadBadPixelList, {journalText(path), journalText(height), journalText(width)},
+          QStringLiteral("%1 entries").arg(list.size()), passage.note);
 }
 
 Flag Camera::addBadPixels(const std::string& path, std::uint32_t x, std::uint32_t y)

@@ -6,16 +6,21 @@
 #include "simulator/device.h"
 #include "simulator/operations.h"
 
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+#include <optional>
+
 namespace simulator {
 
 /// Stays allocated after it was closed, so that a late call meets a refusal and no freed memory.
 class Camera final : public ombrix_sdk::ICamera {
 public:
     /// linkBaudRate: the rate of the link that opened the camera.
-    Camera(Device& openedDevice, std::uint32_t linkBaudRate)
-        : device(openedDevice), baudRate(linkBaudRate)
-    {}
+    Camera(Device& openedDevice, std::uint32_t linkBaudRate);
 
+    /// As log and journal call it.
+    QString name() const;
     bool isOpen() const { return open; }
     void close() { open = false; }
 
@@ -109,13 +114,17 @@ public:
     Flag getShutterPosition(std::uint8_t* closed) override;
 
 private:
-    /// How far a call gets.
+    /// What becomes of a call on its way to the camera.
     struct Passage {
         bool carryOut = false;
+        std::optional<qint64> value = {}; ///< answer of the plan
+        QString word = {};                ///< the same where a number says too little
+        QString note = {};                ///< for the journal
     };
 
-    /// Takes a call to the camera, or stops it on the way.
     Passage enter(Operation operation);
+    void leave(Operation operation, const QStringList& arguments, const QString& answer,
+               const QString& note);
 
     /// One operation: the way to the camera, the action there, and the answer. failure is what the
     /// operation answers when it is not carried out.
@@ -139,8 +148,10 @@ private:
                        std::uint8_t tableId, std::uint8_t expectedId) const;
 
     Device& device;
+    std::uint32_t serialNumber;
     std::uint32_t baudRate;
     bool open = true;
+    QString filled; ///< text of the record that the current call has filled
     ombrix_sdk::EdgeCorrection spareEdgeRecord{}; ///< answered when the program gave no area
 };
 

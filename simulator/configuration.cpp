@@ -1,5 +1,7 @@
 #include "simulator/configuration.h"
 
+#include "simulator/simulator.h"
+
 namespace simulator {
 namespace {
 
@@ -117,12 +119,17 @@ void Configuration::load(const ConfigurationValues& values)
 
 const char* Configuration::getCommunicationType()
 {
-    return communicationType.constData();
+    const Verdict verdict = Simulator::instance().judge(Operation::GetCommunicationType);
+    answeredType = verdict.carryOut ? communicationType : verdict.word.toLocal8Bit();
+    return answeredType.constData();
 }
 
 void Configuration::setBaudRate(std::int32_t baudRate)
 {
     settings[static_cast<std::size_t>(S::BaudRate)] = baudRate;
+    Simulator::instance().journal().write({.subject = QStringLiteral("configuration"),
+                                           .operation = QStringLiteral("setBaudRate"),
+                                           .arguments = {journalText(baudRate)}});
 }
 
 } // namespace simulator

@@ -90,11 +90,13 @@ struct ConfigurationValues {
     std::array<double, settingCount> settings{};
     std::array<std::int32_t, memberCount> members{};
     QByteArray communicationType;
+    QByteArray answeredType; ///< keeps the answer alive for the caller
 };
 
 class Configuration final : public ombrix_sdk::ISdkConfiguration {
 public:
     void load(const ConfigurationValues& values);
+    ConfigurationValues values() const;
     std::uint32_t linkBaudRate() const { return as<std::uint32_t>(at(Setting::BaudRate)); }
 
     std::int32_t getDefaultBaudRate() override { return get<std::int32_t>(Setting::BaudRate); }
@@ -191,6 +193,7 @@ private:
 
     std::array<double, settingCount> settings{};
     QByteArray communicationType;
+    QByteArray answeredType; ///< keeps the answer alive for the caller
 };
 
 } // namespace simulator

@@ -1,7 +1,12 @@
 #include "simulator/device.h"
 
+#include "simulator/clock.h"
+#include "simulator/memory.h"
+#include "simulator/random.h"
+
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 namespace simulator {
@@ -10,6 +15,10 @@ namespace {
 constexpr std::array<std::uint8_t, 5> frameRates = {9, 25, 30, 50, 60};
 constexpr std::array<std::uint32_t, 5> baudRates = {9600, 115200, 230400, 460800, 921600};
 constexpr std::uint32_t thresholdStep = 40; ///< from the first edge threshold to the second
+constexpr qint64 millisecondsPerMinute = 60'000;
+constexpr double roomTemperature = 296'000; ///< milli-kelvin, of a camera that has long been off
+constexpr double warmUpTime = 180'000;      ///< milliseconds to about two thirds of the way
+constexpr double temperatureNoise = 40;     ///< milli-kelvin to either side
 constexpr std::uint8_t nucOff = 0;
 constexpr std::uint8_t nucOn = 2;
 
@@ -26,10 +35,81 @@ bool accepts(Parameter parameter, double value)
 
 } // namespace
 
-Device::Device(CameraSettings factorySettings)
-    : factory(std::move(factorySettings)), values(factory.values), table(factory.table),
-      currentBaudRate(get<std::uint32_t>(Parameter::BaudRate))
-{}
+Device::Device(CameraSettings factorySettings, const Surroundings& around)
+    : surroundings(around), factory(std::move(factorySettings)), values(factory.values),
+      table(factory.table)
+{
+    if (surroundings.memory.loadCamera(get<std::uint32_t>(Parameter::SerialNumber), values,
+                                       table)) {
+        count(Parameter::Startups, 1);
+    }
+    switchOn();
+}
+
+void Device::cyclePower()
+{
+    for (const ParameterFacts& facts : parameterTable()) {
+        if (facts.retention == Retention::Lost) {
+            store(facts.parameter, factory.values[static_cast<std::size_t>(facts.parameter)]);
+        }
+    }
+    count(Parameter::Startups, 1);
+    switchOn();
+}
+
+void Device::switchOn()
+{
+    currentBaudRate = get<std::uint32_t>(Parameter::BaudRate);
+    hanging = false;
+    switchedOn = surroundings.clock.now();
+    minutesCounted = 0;
+    nucEnd = 0;
+    shutterMovedByNuc = false;
+    keep();
+}
+
+void Device::passTime()
+{
+    const qint64 minutes = (surroundings.clock.now() - switchedOn) / millisecondsPerMinute;
+    if (minutes > minutesCounted) {
+        count(Parameter::OperatingMinutes, static_cast<double>(minutes - minutesCounted));
+        minutesCounted = minutes;
+        keep();
+    }
+}
+
+void Device::count(Parameter parameter, double more)
+{
+    store(parameter, std::min(get<double>(parameter) + more, factsOf(parameter).highest));
+}
+
+void Device::keep() const
+{
+    surroundings.memory.saveCamera(get<std::uint32_t>(Parameter::SerialNumber), values);
+}
+
+void Device::writeTable(const QByteArray& region)
+{
+    table = region;
+    surroundings.memory.saveTable(get<std::uint32_t>(Parameter::SerialNumber), table);
+}
+
+float Device::temperature(Parameter parameter) const
+{
+    const double end = get<double>(parameter);
+    if (!surroundings.behaviour.warmUp) {
+        return as<float>(end);
+    }
+    const qint64 on = surroundings.clock.now() - switchedOn;
+    const double start = std::min(end, roomTemperature);
+    const double warm = end - (end - start) * std::exp(-static_cast<double>(on) / warmUpTime);
+    // Another number for each second, camera and sensor, and always the same for the same three.
+    Random noise(surroundings.behaviour.seed ^
+                 (get<std::uint64_t>(Parameter::SerialNumber) << 16U) ^
+                 (static_cast<std::uint64_t>(on / 1000) << 1U) ^
+                 (parameter == Parameter::SensorTemperature ? 1U : 0U));
+    return as<float>(warm + (noise.fraction() * 2 - 1) * temperatureNoise);
+}
 
 bool Device::set(Parameter parameter, double value)
 {
@@ -46,6 +126,7 @@ bool Device::set(std::initializer_list<std::pair<Parameter, double>> changes)
     for (const auto& [parameter, value] : changes) {
         store(parameter, value);
     }
+    keep();
     return true;
 }
 
@@ -101,11 +182,14 @@ bool Device::setBaudRate(std::uint32_t rate, bool permanent)
 
 bool Device::requestNuc(std::uint8_t automatic)
 {
-    if (automatic > 1) {
+    if (automatic > 1 || isNucRunning()) {
         return false;
     }
-    if (automatic == 1) {
-        // The routine closes the shutter for its picture and leaves it open.
+    nucEnd = surroundings.clock.now() + surroundings.behaviour.nucDuration;
+    // The routine closes the shutter for its picture and leaves it open; a NUC that the user asks
+    // for takes the shutter as it stands.
+    shutterMovedByNuc = automatic == 1;
+    if (shutterMovedByNuc) {
         store(Parameter::ShutterClosed, 0);
     }
     return set(Parameter::NucControl, 1);
@@ -119,7 +203,17 @@ bool Device::setNucControl(std::uint8_t control)
 
 bool Device::setShutter(bool closed)
 {
-    return set(Parameter::ShutterClosed, closed);
+    return !isNucRunning() && set(Parameter::ShutterClosed, closed);
+}
+
+bool Device::isShutterClosed() const
+{
+    return (isNucRunning() && shutterMovedByNuc) || get<bool>(Parameter::ShutterClosed);
+}
+
+bool Device::isNucRunning() const
+{
+    return surroundings.clock.now() < nucEnd;
 }
 
 } // namespace simulator

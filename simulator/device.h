@@ -8,14 +8,36 @@
 #include <QtCore/QByteArray>
 
 #include <cstdint>
+#include <initializer_list>
+#include <utility>
 
 namespace simulator {
 
+class Clock;
+class Memory;
+
+/// What a camera depends on.
+struct Surroundings {
+    Clock& clock;
+    Memory& memory;
+    const Behaviour& behaviour;
+};
+
 class Device {
 public:
-    explicit Device(CameraSettings factorySettings);
+    /// A camera that has just been switched on, with what its memory kept.
+    Device(CameraSettings factorySettings, const Surroundings& around);
+
+    /// Switches the power off and on.
+    void cyclePower();
+    /// Lets the camera notice how much time has passed.
+    void passTime();
 
     const CameraSettings& settings() const { return factory; }
+
+    /// A camera that hangs answers nothing until its power is switched off and on.
+    bool isHanging() const { return hanging; }
+    void setHanging(bool on) { hanging = on; }
 
     template<typename Type> Type get(Parameter parameter) const
     {
@@ -41,23 +63,36 @@ public:
     bool setBaudRate(std::uint32_t rate, bool permanent);
 
     const QByteArray& tableRegion() const { return table; }
-    void writeTable(const QByteArray& region) { table = region; }
+    void writeTable(const QByteArray& region);
+
+    float temperature(Parameter parameter) const;
 
     bool requestNuc(std::uint8_t automatic);
     bool setNucControl(std::uint8_t control);
     bool setShutter(bool closed);
-    bool isShutterClosed() const { return get<bool>(Parameter::ShutterClosed); }
+    bool isShutterClosed() const;
 
 private:
     void store(Parameter parameter, double value)
     {
         values[static_cast<std::size_t>(parameter)] = value;
     }
+    void count(Parameter parameter, double more);
+    void switchOn();
+    /// Writes the values to the memory.
+    void keep() const;
+    bool isNucRunning() const;
 
+    Surroundings surroundings;
     CameraSettings factory;
     ParameterValues values;
     QByteArray table;
-    std::uint32_t currentBaudRate;
+    std::uint32_t currentBaudRate = 0;
+    bool hanging = false;
+    qint64 switchedOn = 0;     ///< time of the clock
+    qint64 minutesCounted = 0; ///< since then
+    qint64 nucEnd = 0;         ///< time of the clock
+    bool shutterMovedByNuc = false;
 };
 
 } // namespace simulator

@@ -1,6 +1,15 @@
 #include "simulator/journal.h"
 
 namespace simulator {
+namespace {
+
+template<typename... Fields> QString braces(Fields... fields)
+{
+    return QLatin1Char('{') + QStringList({journalText(fields)...}).join(QStringLiteral(", ")) +
+           QLatin1Char('}');
+}
+
+} // namespace
 
 QString journalText(const std::string& text)
 {
@@ -12,15 +21,39 @@ QString journalText(const char* text)
     return text == nullptr ? QStringLiteral("null") : journalText(std::string(text));
 }
 
-QString journalText(const void* pointer)
-{
-    // An address differs from run to run; whether there is one does not.
-    return pointer == nullptr ? QStringLiteral("null") : QStringLiteral("*");
-}
-
 QString journalText(bool flag)
 {
     return flag ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+QString journalText(const ombrix_sdk::Temperatures& record)
+{
+    return braces(record.sensor, record.fpga);
+}
+
+QString journalText(const ombrix_sdk::OperatingTime& record)
+{
+    return braces(record.minutes, record.startups);
+}
+
+QString journalText(const ombrix_sdk::EdgeCorrection& record)
+{
+    return braces(record.type, record.gain, record.firstThreshold, record.secondThreshold);
+}
+
+QString journalText(const ombrix_sdk::Zoom& record)
+{
+    return braces(record.factor, record.xCenter, record.yCenter, record.method);
+}
+
+QString journalText(const ombrix_sdk::ZoomResolution& record)
+{
+    return braces(record.x, record.y);
+}
+
+QString journalText(const ombrix_sdk::AhcGainsLimitation& record)
+{
+    return braces(record.black, record.white);
 }
 
 QString Journal::setFile(const QString& path)
@@ -36,8 +69,23 @@ QString Journal::setFile(const QString& path)
     return {};
 }
 
-void Journal::write(const QString& line)
+void Journal::write(const JournalEntry& entry)
 {
+    if (!file.isOpen()) {
+        return;
+    }
+    QString line =
+        QStringLiteral("%1 %2(%3)")
+            .arg(entry.subject, entry.operation, entry.arguments.join(QStringLiteral(", ")));
+    if (!entry.answer.isEmpty()) {
+        line += QStringLiteral(" = %1").arg(entry.answer);
+    }
+    if (!entry.record.isEmpty()) {
+        line += QLatin1Char(' ') + entry.record;
+    }
+    if (!entry.note.isEmpty()) {
+        line += QStringLiteral(" [%1]").arg(entry.note);
+    }
     file.write(line.toUtf8() + '\n');
     file.flush();
 }

@@ -7,14 +7,9 @@ using O = Operation;
 
 // clang-format off
 constexpr std::array<OperationFacts, operationCount> table = {{
-    {O::Initialize,              "initialize",              false, 0, 0},
-    {O::SaveConfiguration,       "saveConfiguration",       false, 0, 0},
-    {O::CreateSerialLink,        "createSerialLink",        false, 0, 0},
-    {O::ReleaseSerialLink,       "releaseSerialLink",       false, 0, 0},
     {O::GetCommunicationType,    "getCommunicationType",    false, 0, 0},
-    {O::SetLinkBaudRate,         "setLinkBaudRate",         false, 0, 0},
+    {O::SaveConfiguration,       "saveConfiguration",       false, 0, 0},
     {O::OpenCamera,              "openCamera",              true,  0, 4},
-    {O::CloseCamera,             "closeCamera",             false, 0, 0},
     {O::Connect,                 "connect",                 true,  0, 1},
     {O::GetVersions,             "getVersions",             true,  0, 4},
     {O::Refresh,                 "refresh",                 true,  0, 1},

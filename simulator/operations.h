@@ -1,4 +1,5 @@
-// The operations of the boundary as plans, the journal and the latency know them.
+// The operations of the boundary that can take time or go wrong: as plans, the journal and the
+// latency know them.
 #pragma once
 
 #include <QtCore/QString>
@@ -10,14 +11,11 @@
 namespace simulator {
 
 enum class Operation : std::size_t {
-    Initialize,
-    SaveConfiguration,
-    CreateSerialLink,
-    ReleaseSerialLink,
+    // Of the SDK and the link.
     GetCommunicationType,
-    SetLinkBaudRate,
+    SaveConfiguration,
     OpenCamera,
-    CloseCamera,
+    // Of the camera.
     Connect,
     GetVersions,
     Refresh,
@@ -101,6 +99,7 @@ enum class Operation : std::size_t {
     Count
 };
 
+constexpr Operation firstCameraOperation = Operation::Connect;
 constexpr std::size_t operationCount = static_cast<std::size_t>(Operation::Count);
 
 struct OperationFacts {

@@ -5,10 +5,20 @@
 #include <algorithm>
 
 namespace simulator {
+namespace {
+
+void journalCall(const QString& operation)
+{
+    Simulator::instance().journal().write(
+        {.subject = QStringLiteral("sdk"), .operation = operation});
+}
+
+} // namespace
 
 void SdkRoot::initialize()
 {
-    Simulator::instance().start();
+    Simulator::instance().introduce();
+    journalCall(QStringLiteral("initialize"));
 }
 
 ombrix_sdk::ISdkConfiguration* SdkRoot::getConfiguration()
@@ -16,31 +26,46 @@ ombrix_sdk::ISdkConfiguration* SdkRoot::getConfiguration()
     return &Simulator::instance().configuration();
 }
 
-void SdkRoot::saveConfiguration() {}
+void SdkRoot::saveConfiguration()
+{
+    if (Simulator::instance().judge(Operation::SaveConfiguration).carryOut) {
+        Simulator::instance().saveConfiguration();
+    }
+    journalCall(nameOf(Operation::SaveConfiguration));
+}
 
 ombrix_sdk::ISerialLink* SdkRoot::createSerialLink()
 {
     links.push_back(
         std::make_unique<SerialLink>(Simulator::instance().configuration().linkBaudRate()));
+    journalCall(QStringLiteral("createSerialLink"));
     return links.back().get();
 }
 
 void SdkRoot::releaseSerialLink(ombrix_sdk::ISerialLink** link)
 {
+    Log& log = Simulator::instance().log();
     if (link == nullptr) {
-        Simulator::instance().log().misuse(QStringLiteral("releaseSerialLink with a null pointer"));
+        log.misuse(QStringLiteral("releaseSerialLink with a null pointer"));
         return;
     }
     // Compared by address only: a pointer that is not ours must not be followed.
     const auto found = std::find_if(links.begin(), links.end(),
                                     [link](const auto& known) { return known.get() == *link; });
     if (found == links.end() || (*found)->isReleased()) {
-        Simulator::instance().log().misuse(
-            QStringLiteral("releaseSerialLink of a link that is not open"));
+        log.misuse(QStringLiteral("releaseSerialLink of a link that is not open"));
         return;
     }
     (*found)->release();
     *link = nullptr;
+    journalCall(QStringLiteral("releaseSerialLink"));
+}
+
+void SdkRoot::releaseAll()
+{
+    for (const auto& link : links) {
+        link->release();
+    }
 }
 
 } // namespace simulator

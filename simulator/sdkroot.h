@@ -17,6 +17,9 @@ public:
     ombrix_sdk::ISerialLink* createSerialLink() override;
     void releaseSerialLink(ombrix_sdk::ISerialLink** link) override;
 
+    /// Ends every connection, as the end of a process would.
+    void releaseAll();
+
 private:
     std::vector<std::unique_ptr<SerialLink>> links;
 };

@@ -5,37 +5,50 @@
 #include <algorithm>
 
 namespace simulator {
+namespace {
+
+const QString subject = QStringLiteral("link");
+
+} // namespace
 
 ombrix_sdk::ICamera* SerialLink::openCamera(const char* portName)
 {
-    Log& log = Simulator::instance().log();
-    if (released) {
-        log.misuse(QStringLiteral("openCamera on a link that is released"));
+    Simulator& simulator = Simulator::instance();
+    if (released || portName == nullptr) {
+        simulator.log().misuse(released ? QStringLiteral("openCamera on a link that is released")
+                                        : QStringLiteral("openCamera with a null pointer"));
         return nullptr;
     }
-    if (portName == nullptr) {
-        log.misuse(QStringLiteral("openCamera with a null pointer"));
-        return nullptr;
+    const Verdict verdict = simulator.judge(Operation::OpenCamera);
+    Device* const device = simulator.deviceAt(QString::fromLocal8Bit(portName));
+    const bool reached = simulator.reach(device, baudRate, Operation::OpenCamera, verdict);
+    const bool answers = reached && verdict.carryOut;
+    if (answers) {
+        cameras.push_back(std::make_unique<Camera>(*device, baudRate));
     }
-    Device* device = Simulator::instance().deviceAt(QString::fromLocal8Bit(portName));
-    if (device == nullptr || device->baudRate() != baudRate) {
-        return nullptr;
-    }
-    cameras.push_back(std::make_unique<Camera>(*device, baudRate));
-    return cameras.back().get();
+    simulator.journal().write({.subject = subject,
+                               .operation = nameOf(Operation::OpenCamera),
+                               .arguments = {journalText(portName)},
+                               .answer = answers ? cameras.back()->name() : QStringLiteral("null"),
+                               .note = Simulator::noteOf(reached, verdict)});
+    return answers ? cameras.back().get() : nullptr;
 }
 
 void SerialLink::closeCamera(ombrix_sdk::ICamera* camera)
 {
+    Simulator& simulator = Simulator::instance();
     // Compared by address only: a pointer that is not ours must not be followed.
     const auto found = std::find_if(cameras.begin(), cameras.end(),
                                     [camera](const auto& known) { return known.get() == camera; });
     if (found == cameras.end() || !(*found)->isOpen()) {
-        Simulator::instance().log().misuse(
+        simulator.log().misuse(
             QStringLiteral("closeCamera of a camera that is not open on this link"));
         return;
     }
     (*found)->close();
+    simulator.journal().write({.subject = subject,
+                               .operation = QStringLiteral("closeCamera"),
+                               .arguments = {(*found)->name()}});
 }
 
 void SerialLink::release()

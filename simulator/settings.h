@@ -1,4 +1,4 @@
-// What the settings file may say, with the built-in values.
+// What the settings file and the environment may say, with the built-in values.
 #pragma once
 
 #include "simulator/configuration.h"
@@ -8,6 +8,7 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
+#include <cstdint>
 #include <vector>
 
 namespace simulator {
@@ -16,15 +17,39 @@ namespace simulator {
 struct CameraSettings {
     CameraSettings(); ///< the built-in camera, on every port
 
-    QString name;      ///< its section in the settings file
+    QString section;   ///< its section in the settings file
     QStringList ports; ///< names of ports; "*" is every port
     ParameterValues values;
     QByteArray table; ///< content of the table region
 };
 
+/// What happens in the course of time. Everything is off at first: a test that does not ask for it
+/// must not depend on it.
+struct Behaviour {
+    std::uint64_t seed = 1; ///< of everything that looks random
+    bool manualClock = false;
+    bool warmUp = false;
+    bool latency = false;   ///< every call takes the time of its bytes on the link
+    qint64 timeout = 0;     ///< milliseconds that a call without an answer takes
+    qint64 nucDuration = 0; ///< milliseconds
+};
+
 struct Settings {
+    /// Reads the environment and the file that it names, or else "simulator.ini" in the current
+    /// directory, or else nothing.
+    static Settings load();
+
+    QString file; ///< empty: the built-in values
+    // Paths; empty: standard error, no journal, no plan, no memory.
+    QString logFile;
+    QString journalFile;
+    QString planFile;
+    QString memoryFolder;
+    bool factoryFresh = false; ///< forget the memory at the start
+    Behaviour behaviour;
     ConfigurationValues configuration;
     std::vector<CameraSettings> cameras;
+    QStringList problems; ///< one line each
 };
 
 } // namespace simulator

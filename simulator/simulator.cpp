@@ -1,11 +1,10 @@
 #include "simulator/simulator.h"
 
-#include "simulator/settings.h"
-
 namespace simulator {
 namespace {
 
 constexpr QLatin1String everyPort("*");
+constexpr qint64 microsecondsPerMillisecond = 1000;
 
 } // namespace
 
@@ -17,16 +16,87 @@ Simulator& Simulator::instance()
 
 Simulator::Simulator()
 {
-    configurationObject.load(ConfigurationValues());
-    devices.push_back(std::make_unique<Device>(CameraSettings()));
+    load();
 }
 
-void Simulator::start()
+void Simulator::restart()
 {
-    if (!started) {
-        started = true;
-        log().notice(QStringLiteral("no camera hardware is used: this SDK is a simulator"));
+    rootObject.releaseAll();
+    devices.clear();
+    timePiece = {};
+    introduced = false;
+    load();
+}
+
+void Simulator::load()
+{
+    settings = Settings::load();
+    logWriter.setFile(settings.logFile);
+    for (const QString& problem : qAsConst(settings.problems)) {
+        logWriter.problem(problem);
     }
+    if (const QString reason = journalWriter.setFile(settings.journalFile); !reason.isEmpty()) {
+        logWriter.problem(
+            QStringLiteral("journal %1: %2; there is none").arg(settings.journalFile, reason));
+    }
+    timePiece.setManual(settings.behaviour.manualClock);
+    plan.setFile(settings.planFile);
+    for (const QString& problem : plan.problems()) {
+        logWriter.problem(problem);
+    }
+    powerCyclesDone = plan.powerCycles();
+
+    memory.setFolder(settings.memoryFolder);
+    if (settings.factoryFresh) {
+        memory.forgetConfiguration();
+    }
+    ConfigurationValues values = settings.configuration;
+    memory.loadConfiguration(values);
+    configurationObject.load(values);
+    for (const CameraSettings& camera : settings.cameras) {
+        if (settings.factoryFresh) {
+            memory.forgetCamera(as<std::uint32_t>(
+                camera.values[static_cast<std::size_t>(Parameter::SerialNumber)]));
+        }
+        devices.push_back(
+            std::make_unique<Device>(camera, Surroundings{timePiece, memory, settings.behaviour}));
+    }
+}
+
+void Simulator::introduce()
+{
+    if (introduced) {
+        return;
+    }
+    introduced = true;
+    const auto named = [](const QString& name, const QString& otherwise) {
+        return name.isEmpty() ? otherwise : name;
+    };
+    logWriter.notice(QStringLiteral("no camera hardware is used: this SDK is a simulator"));
+    logWriter.notice(QStringLiteral("settings: %1; memory: %2; plan: %3; seed: %4")
+                         .arg(named(settings.file, QStringLiteral("built in")),
+                              named(settings.memoryFolder, QStringLiteral("off")),
+                              named(settings.planFile, QStringLiteral("none")))
+                         .arg(settings.behaviour.seed));
+    for (const CameraSettings& camera : settings.cameras) {
+        logWriter.notice(
+            QStringLiteral("[%1] serial number %2 on port %3")
+                .arg(camera.section)
+                .arg(camera.values[static_cast<std::size_t>(Parameter::SerialNumber)], 0, 'f', 0)
+                .arg(camera.ports.join(QStringLiteral(", "))));
+    }
+}
+
+void Simulator::cyclePower()
+{
+    for (const auto& device : devices) {
+        device->cyclePower();
+    }
+}
+
+void Simulator::saveConfiguration()
+{
+    memory.saveConfiguration(configurationObject.values());
 }
 
 Device* Simulator::deviceAt(const QString& port)
@@ -39,6 +109,64 @@ Device* Simulator::deviceAt(const QString& port)
         }
     }
     return nullptr;
+}
+
+void Simulator::followPlan()
+{
+    if (!plan.refresh()) {
+        return;
+    }
+    logWriter.notice(QStringLiteral("the plan has changed: %1").arg(settings.planFile));
+    for (const QString& problem : plan.problems()) {
+        logWriter.problem(problem);
+    }
+    // What the old plan broke must not outlive it.
+    for (const auto& device : devices) {
+        device->setHanging(false);
+    }
+    if (plan.powerCycles() != powerCyclesDone) {
+        powerCyclesDone = plan.powerCycles();
+        logWriter.notice(QStringLiteral("the cameras' power goes off and on"));
+        cyclePower();
+    }
+}
+
+Verdict Simulator::judge(Operation operation)
+{
+    followPlan();
+    Verdict verdict = plan.judge(operation);
+    timePiece.wait(verdict.delay * microsecondsPerMillisecond);
+    return verdict;
+}
+
+bool Simulator::reach(Device* device, std::uint32_t linkBaudRate, Operation operation,
+                      const Verdict& verdict)
+{
+    if (device != nullptr) {
+        device->passTime();
+        if (verdict.hangUp) {
+            device->setHanging(true);
+        }
+    }
+    if (!factsOf(operation).overTheLink) {
+        return true;
+    }
+    if (device == nullptr || device->isHanging() || device->baudRate() != linkBaudRate) {
+        timePiece.wait(settings.behaviour.timeout * microsecondsPerMillisecond);
+        return false;
+    }
+    if (settings.behaviour.latency) {
+        timePiece.wait(timeOnTheLink(operation, linkBaudRate));
+    }
+    return true;
+}
+
+QString Simulator::noteOf(bool reached, const Verdict& verdict)
+{
+    if (!reached) {
+        return QStringLiteral("no answer");
+    }
+    return verdict.planned ? QStringLiteral("plan") : QString();
 }
 
 } // namespace simulator

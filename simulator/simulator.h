@@ -2,11 +2,16 @@
 // log and call until its very end.
 #pragma once
 
+#include "simulator/clock.h"
 #include "simulator/configuration.h"
 #include "simulator/device.h"
+#include "simulator/journal.h"
 #include "simulator/log.h"
+#include "simulator/memory.h"
 #include "simulator/operations.h"
+#include "simulator/plan.h"
 #include "simulator/sdkroot.h"
+#include "simulator/settings.h"
 
 #include <QtCore/QString>
 
@@ -18,25 +23,51 @@ namespace simulator {
 class Simulator {
 public:
     static Simulator& instance();
+    Simulator(const Simulator&) = delete;
+    Simulator& operator=(const Simulator&) = delete;
 
-    /// Says once that this is a simulator.
-    void start();
+    /// Says once that this is a simulator, and what it runs on.
+    void introduce();
+    /// Forgets everything but the memory on disk, as if the program were started again.
+    void restart();
+    void cyclePower();
+    void saveConfiguration();
 
     SdkRoot& root() { return rootObject; }
     Configuration& configuration() { return configurationObject; }
+    Clock& clock() { return timePiece; }
+    Journal& journal() { return journalWriter; }
     Log& log() { return logWriter; }
 
     /// The camera that is plugged into the port, or null.
     Device* deviceAt(const QString& port);
 
+    /// What the plan wants of this call; its delay has passed.
+    Verdict judge(Operation operation);
+    /// Whether the call arrives at the camera, null when there is none, and its answer comes back.
+    /// Takes the time that this takes. What needs no camera always arrives.
+    bool reach(Device* device, std::uint32_t linkBaudRate, Operation operation,
+               const Verdict& verdict);
+
+    /// The journal's note on a call.
+    static QString noteOf(bool reached, const Verdict& verdict);
+
 private:
     Simulator();
+    void load();
+    void followPlan();
 
-    SdkRoot rootObject;
-    Configuration configurationObject;
     Log logWriter;
+    Clock timePiece;
+    Journal journalWriter;
+    Plan plan;
+    Memory memory{logWriter};
+    Settings settings;
+    Configuration configurationObject;
     std::vector<std::unique_ptr<Device>> devices;
-    bool started = false;
+    SdkRoot rootObject;
+    qint64 powerCyclesDone = 0;
+    bool introduced = false;
 };
 
 } // namespace simulator
