@@ -5,8 +5,19 @@
 
 namespace tour {
 
-/// Start window, scan, connect; then a look at every tab.
 void connectCamera(Operator& user);
 void lookAtTabs(Operator& user);
+void changeImageProcessing(Operator& user);
+void changeLut(Operator& user);
+void changeZoomAndEdge(Operator& user);
+void changeExpertValues(Operator& user);
+void changeBadPixels(Operator& user);
+void moveBaudRate(Operator& user);
+void meetRefusals(Operator& user);
+void readAndReset(Operator& user);
+void unplugAndEnd(Operator& user);
+
+/// A toggle is clicked, the camera takes it, and mark and caption follow.
+void toggle(Operator& user, const char* button, bool on, const char* caption, const char* logLine);
 
 } // namespace tour

@@ -1,43 +1,80 @@
+// Start window, ports, connection, and a first look at every tab.
 #include "tour/chapters.h"
 
+#include "tour/adapter.h"
 #include "tour/sight.h"
 
 namespace tour {
 
 void connectCamera(Operator& user)
 {
-    user.chapter(QStringLiteral("Connecting"));
-    user.step(QStringLiteral("The tool has started"), [&] {
+    user.chapter("Connecting");
+
+    user.step("The tool has started", [&] {
         user.expect(
-            QStringLiteral("the window is active"),
+            "the window is active",
             [] {
                 const QWidget* const window = sight::mainWindow();
                 return window != nullptr && window->isActiveWindow();
             },
             std::chrono::seconds(20));
-        user.expectText(QStringLiteral("selectDeviceComboBox"), {});
-        user.expectEnabled(QStringLiteral("connectDeviceButton"), false);
-        user.expectEnabled(QStringLiteral("tabWidget"), false);
+        user.expectText("selectDeviceComboBox", "");
+        user.expectEnabled("connectDeviceButton", false);
+        user.expectEnabled("tabWidget", false);
     });
 
-    user.step(QStringLiteral("Scan the serial ports"), [&] {
-        user.click(QStringLiteral("scanDeviceButton"));
-        user.expectText(QStringLiteral("selectDeviceComboBox"), QStringLiteral("ttyUSB0"));
-        user.expectEnabled(QStringLiteral("connectDeviceButton"), true);
+    user.step("Scan while no adapter is plugged in", [&] {
+        const Adapter first("ttyUSB0");
+        const Adapter second("ttyUSB1");
+        user.tell("Pull out both serial adapters");
+        first.unplug();
+        second.unplug();
+        user.click("scanDeviceButton");
+        user.answerBox("", "No COM port found!\nPlease, plug a COM port ans scan again.");
+        user.expectEnabled("connectDeviceButton", false);
+        user.tell("Plug both adapters in");
+        first.plug();
+        second.plug();
     });
 
-    user.step(QStringLiteral("Connect to the camera"), [&] {
-        user.click(QStringLiteral("connectDeviceButton"));
-        user.expectLog({QStringLiteral("ALTERNATIVE SERIAL PORT : ttyUSB0"),
-                        QStringLiteral("Start reading camera parameters"),
-                        QStringLiteral("End reading camera parameters")});
+    user.step("Scan the serial ports", [&] {
+        user.click("scanDeviceButton");
+        user.expectText("selectDeviceComboBox", "ttyUSB0");
+        user.expectEnabled("connectDeviceButton", true);
+        user.openList("selectDeviceComboBox");
+        user.picture("The ports that the system lists");
+        user.take("selectDeviceComboBox", "ttyUSB1");
+    });
+
+    user.step("Connect to a port without a camera", [&] {
+        user.click("connectDeviceButton");
+        user.expectLog({"ALTERNATIVE SERIAL PORT : ttyUSB1"});
+        user.answerBox("Invalid communication", "Select an other serial port");
+        user.expectConnected(false);
+    });
+
+    user.step("Connect to the camera", [&] {
+        user.choose("selectDeviceComboBox", "ttyUSB0");
+        user.click("connectDeviceButton");
+        user.expectLog({"ALTERNATIVE SERIAL PORT : ttyUSB0", "Start reading camera parameters"});
+        user.expectLogBeginning("Serial number = ");
+        user.expectLog({"End reading camera parameters", "Start reading camera expert parameters",
+                        "End reading camera expert parameters"});
         user.expectConnected(true);
+    });
+
+    user.step("The temperatures are read every second", [&] {
+        const QString before = user.read("SensorTempTextEdit");
+        user.tell("Wait for the next reading");
+        user.expect("another temperature is shown", [&] {
+            const QString now = sight::text(QStringLiteral("SensorTempTextEdit"));
+            return now.endsWith(QLatin1String(" C")) && now != before;
+        });
     });
 }
 
 void lookAtTabs(Operator& user)
 {
-    user.chapter(QStringLiteral("A look at every tab"));
     struct Tab {
         const char* title;
         const char* picture;
@@ -50,11 +87,11 @@ void lookAtTabs(Operator& user)
         {"Bad Pixels", "tab-5-bad-pixels"},
         {"Expert", "tab-6-expert"},
     };
+    user.chapter("A look at every tab");
     for (const Tab& tab : tabs) {
-        const QString title = QLatin1String(tab.title);
-        user.step(QStringLiteral("Look at the tab “%1”").arg(title), [&] {
-            user.showTab(title);
-            user.picture({}, QLatin1String(tab.picture));
+        user.step(tab.title, [&] {
+            user.showTab(tab.title);
+            user.picture("", tab.picture);
         });
     }
 }

@@ -14,6 +14,13 @@ namespace {
 constexpr char folderVariable[] = "TAVREL_TOUR";
 constexpr char ownScreenVariable[] = "TAVREL_TOUR_OWN_SCREEN";
 
+constexpr void (*chapters[])(tour::Operator&) = {
+    tour::connectCamera,   tour::lookAtTabs,         tour::changeImageProcessing,
+    tour::changeLut,       tour::changeZoomAndEdge,  tour::readAndReset,
+    tour::changeBadPixels, tour::changeExpertValues, tour::moveBaudRate,
+    tour::unplugAndEnd,
+};
+
 std::thread operatorThread;
 
 /// The program ends by its window being closed when all went well, else with exit code 1.
@@ -22,8 +29,9 @@ void takeTheTour(const QString& folder)
     try {
         tour::Report report(folder);
         tour::Operator user(report, qEnvironmentVariableIsSet(ownScreenVariable));
-        tour::connectCamera(user);
-        tour::lookAtTabs(user);
+        for (const auto chapter : chapters) {
+            chapter(user);
+        }
         tour::writePage(report);
         if (report.failures() == 0) {
             user.closeMainWindow();

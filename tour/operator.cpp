@@ -5,10 +5,13 @@
 
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QSlider>
 #include <QtWidgets/QTabWidget>
+#include <QtWidgets/QToolTip>
 
+#include <algorithm>
 #include <thread>
 
 namespace tour {
@@ -38,7 +41,7 @@ Operator::Operator(Report& itsReport, bool ownScreen) : report(itsReport)
     }
 }
 
-void Operator::step(const QString& title, const std::function<void()>& actions)
+void Operator::step(const Text& title, const std::function<void()>& actions)
 {
     report.beginStep(title);
     logExpected = 0;
@@ -57,7 +60,7 @@ void Operator::step(const QString& title, const std::function<void()>& actions)
             throw Failure(QStringLiteral("an unexpected box is open"));
         }
         if (!pictureIsCurrent) {
-            picture({});
+            picture(QString());
         }
     } catch (const std::exception& failure) {
         report.step().failure = QString::fromUtf8(failure.what());
@@ -103,14 +106,14 @@ void Operator::park()
     xServer.movePointer(QPoint(xServer.size().width() - 1, xServer.size().height() - 1));
 }
 
-void Operator::click(const QString& name)
+void Operator::click(const Text& name)
 {
     waitForWindow();
     tell(QStringLiteral("Click ") + inGui([&] { return sight::callName(name); }));
     clickAt(inGui([&] { return sight::place(name); }));
 }
 
-void Operator::showTab(const QString& title)
+void Operator::showTab(const Text& title)
 {
     waitForWindow();
     tell(QStringLiteral("Open the tab ") + quoted(title));
@@ -121,7 +124,7 @@ void Operator::showTab(const QString& title)
     });
 }
 
-void Operator::type(const QString& name, const QString& text)
+void Operator::type(const Text& name, const Text& text)
 {
     waitForWindow();
     tell(QStringLiteral("Type %1 into %2").arg(text, name));
@@ -141,7 +144,7 @@ void Operator::type(const QString& name, const QString& text)
            [&] { return !hasFocus() || sight::openDialog() != nullptr; });
 }
 
-void Operator::openList(const QString& combo)
+void Operator::openList(const Text& combo)
 {
     waitForWindow();
     clickAt(inGui([&] { return sight::place(combo); }));
@@ -149,7 +152,7 @@ void Operator::openList(const QString& combo)
            [&] { return !sight::entryPlace(combo, sight::text(combo)).isNull(); });
 }
 
-void Operator::take(const QString& combo, const QString& entry)
+void Operator::take(const Text& combo, const Text& entry)
 {
     tell(QStringLiteral("Choose %1 in %2").arg(quoted(entry), combo));
     clickAt(inGui([&] { return sight::entryPlace(combo, entry); }));
@@ -158,13 +161,13 @@ void Operator::take(const QString& combo, const QString& entry)
     });
 }
 
-void Operator::choose(const QString& combo, const QString& entry)
+void Operator::choose(const Text& combo, const Text& entry)
 {
     openList(combo);
     take(combo, entry);
 }
 
-void Operator::drag(const QString& slider, int value)
+int Operator::drag(const Text& slider, int value)
 {
     waitForWindow();
     tell(QStringLiteral("Drag %1 to %2").arg(slider).arg(value));
@@ -188,9 +191,10 @@ void Operator::drag(const QString& slider, int value)
     });
     xServer.releaseButton();
     expect(slider + QStringLiteral(" is released"), [&] { return !isDown(); });
+    return inGui([&] { return sight::find<QSlider>(slider).value(); });
 }
 
-void Operator::pointAt(const QString& name)
+void Operator::pointAt(const Text& name)
 {
     waitForWindow();
     tell(QStringLiteral("Rest the pointer on ") + inGui([&] { return sight::callName(name); }));
@@ -215,12 +219,17 @@ void Operator::closeMainWindow()
         static_cast<std::uint32_t>(inGui([] { return sight::mainWindow()->winId(); })));
 }
 
-void Operator::tell(const QString& action)
+void Operator::tell(const Text& action)
 {
     report.step().actions.append(action);
 }
 
-void Operator::answerBox(const QString& title, const QString& text)
+QString Operator::read(const Text& name)
+{
+    return inGui([&] { return sight::text(name); });
+}
+
+void Operator::answerBox(const Text& title, const Text& text)
 {
     expect(QStringLiteral("the box “%1” / “%2” appears").arg(title, text), [&] {
         const auto* const box = qobject_cast<QMessageBox*>(sight::openDialog());
@@ -263,9 +272,9 @@ void Operator::expectLogLine(const QString& what, const std::function<bool(const
     });
 }
 
-void Operator::expectLog(const QStringList& lines)
+void Operator::expectLog(const std::vector<Text>& lines)
 {
-    for (const QString& line : lines) {
+    for (const Text& line : lines) {
         if (line.endsWith(QLatin1String(" KO"))) {
             refusals.append(line);
         }
@@ -273,43 +282,68 @@ void Operator::expectLog(const QStringList& lines)
     }
 }
 
-void Operator::expectLogBeginning(const QString& beginning)
+QString Operator::expectLogBeginning(const Text& beginning)
 {
-    expectLogLine(beginning + QStringLiteral("..."),
-                  [&](const QString& logged) { return logged.startsWith(beginning); });
+    QString rest;
+    expectLogLine(beginning + QStringLiteral("..."), [&](const QString& logged) {
+        rest = logged.mid(beginning.size());
+        return logged.startsWith(beginning);
+    });
+    return rest;
 }
 
-void Operator::expectText(const QString& name, const QString& text)
+void Operator::expectText(const Text& name, const Text& text)
 {
     expect(QStringLiteral("%1 shows %2").arg(name, text),
            [&] { return sight::text(name) == text; });
 }
 
-void Operator::expectChecked(const QString& name, bool checked)
+void Operator::expectSlider(const Text& name, int value)
+{
+    expect(QStringLiteral("%1 stands at %2").arg(name).arg(value),
+           [&] { return sight::find<QSlider>(name).value() == value; });
+}
+
+void Operator::expectChecked(const Text& name, bool checked)
 {
     expect(name + (checked ? QStringLiteral(" is checked") : QStringLiteral(" is not checked")),
            [&] { return sight::find<QAbstractButton>(name).isChecked() == checked; });
 }
 
-void Operator::expectEnabled(const QString& name, bool enabled)
+void Operator::expectEnabled(const Text& name, bool enabled)
 {
     expect(name + (enabled ? QStringLiteral(" can be used") : QStringLiteral(" is greyed")),
            [&] { return sight::widget(name).isEnabled() == enabled; });
+}
+
+void Operator::expectToolTip()
+{
+    expect(QStringLiteral("a tip appears"), [] { return QToolTip::isVisible(); });
 }
 
 void Operator::expectConnected(bool connected)
 {
     for (const char* const name :
          {"scanDeviceButton", "selectDeviceComboBox", "connectDeviceButton"}) {
-        expectEnabled(QLatin1String(name), !connected);
+        expectEnabled(name, !connected);
     }
     for (const char* const name :
          {"disconnectDeviceButton", "resetParamButtonUser", "readParamButtonUser", "tabWidget"}) {
-        expectEnabled(QLatin1String(name), connected);
+        expectEnabled(name, connected);
     }
 }
 
-void Operator::expect(const QString& what, const std::function<bool()>& condition,
+void Operator::expectDialog(const Text& label)
+{
+    expect(QStringLiteral("a dialog says “%1”").arg(label), [&] {
+        const QDialog* const dialog = sight::openDialog();
+        const auto labels = dialog == nullptr ? QList<QLabel*>() : dialog->findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(),
+                           [&](const QLabel* each) { return each->text() == label; });
+    });
+}
+
+void Operator::expect(const Text& what, const std::function<bool()>& condition,
                       milliseconds patience)
 {
     waitFor(
@@ -328,9 +362,11 @@ void Operator::waitFor(const QString& what, const std::function<bool()>& conditi
     }
 }
 
-void Operator::picture(const QString& caption, const QString& name)
+void Operator::picture(const Text& caption, const Text& name)
 {
-    if (!inGui([] { return QApplication::activePopupWidget() != nullptr; })) {
+    // What opens only under the pointer stays open.
+    if (!inGui(
+            [] { return QApplication::activePopupWidget() != nullptr || QToolTip::isVisible(); })) {
         park();
     }
     QRect area;

@@ -12,8 +12,16 @@
 
 #include <chrono>
 #include <functional>
+#include <vector>
 
 namespace tour {
+
+/// Words for the operator; literals are UTF-8.
+class Text : public QString {
+public:
+    Text(const char* utf8) : QString(QString::fromUtf8(utf8)) {}
+    Text(const QString& text) : QString(text) {}
+};
 
 class Operator {
 public:
@@ -21,49 +29,57 @@ public:
     Operator(Report& report, bool ownScreen);
 
     /// The steps that follow belong to this chapter.
-    void chapter(const QString& title) { report.beginChapter(title); }
+    void chapter(const Text& title) { report.beginChapter(title); }
 
     /// Carries out one step: whatever it throws becomes its failure, a box that it leaves open and
     /// a refusal that it does not expect are failures too. Ends with a picture.
-    void step(const QString& title, const std::function<void()>& actions);
+    void step(const Text& title, const std::function<void()>& actions);
 
     // ---- hands; widgets by their object names
 
-    void click(const QString& name);
-    void showTab(const QString& title);
+    void click(const Text& name);
+    void showTab(const Text& title);
     /// Replaces what a spin box holds and finishes with the Tab key.
-    void type(const QString& name, const QString& text);
-    void openList(const QString& combo);
+    void type(const Text& name, const Text& text);
+    void openList(const Text& combo);
     /// Takes an entry of an open combo box.
-    void take(const QString& combo, const QString& entry);
-    void choose(const QString& combo, const QString& entry);
-    /// Drags a slider's handle to the place of value and lets go.
-    void drag(const QString& slider, int value);
-    void pointAt(const QString& name);
+    void take(const Text& combo, const Text& entry);
+    void choose(const Text& combo, const Text& entry);
+    /// Drags a slider's handle to the place of value and lets go; returns the value reached, which
+    /// differs where a pixel is wider than a step.
+    int drag(const Text& slider, int value);
+    void pointAt(const Text& name);
     /// Closes the dialog that is open by its window frame.
     void closeDialog();
     void closeMainWindow();
     /// Tells in the report what was done outside of the window.
-    void tell(const QString& action);
+    void tell(const Text& action);
 
     // ---- eyes
 
+    /// What a widget shows now.
+    QString read(const Text& name);
+
     /// Waits for a box with this title and text, takes its picture and presses its button.
-    void answerBox(const QString& title, const QString& text);
+    void answerBox(const Text& title, const Text& text);
     /// Waits for lines of the event log, in this order; other lines may stand between them.
-    void expectLog(const QStringList& lines);
-    /// One line that begins so.
-    void expectLogBeginning(const QString& beginning);
-    void expectText(const QString& name, const QString& text);
-    void expectChecked(const QString& name, bool checked);
-    void expectEnabled(const QString& name, bool enabled);
+    void expectLog(const std::vector<Text>& lines);
+    /// One line that begins so; returns the rest of it.
+    QString expectLogBeginning(const Text& beginning);
+    void expectText(const Text& name, const Text& text);
+    void expectSlider(const Text& name, int value);
+    void expectChecked(const Text& name, bool checked);
+    void expectEnabled(const Text& name, bool enabled);
     void expectConnected(bool connected);
+    void expectToolTip();
+    /// A dialog is open that has this text among its labels.
+    void expectDialog(const Text& label);
     /// Waits until the condition, which is asked in the GUI thread, holds.
-    void expect(const QString& what, const std::function<bool()>& condition,
+    void expect(const Text& what, const std::function<bool()>& condition,
                 std::chrono::milliseconds patience = std::chrono::seconds(5));
 
     /// A picture of the window and everything in front of it.
-    void picture(const QString& caption, const QString& name = {});
+    void picture(const Text& caption, const Text& name = QString());
 
 private:
     void clickAt(QPoint position);

@@ -1,0 +1,71 @@
+#include "tour/chapters.h"
+
+namespace tour {
+
+void toggle(Operator& user, const char* button, bool on, const char* caption, const char* logLine)
+{
+    user.click(button);
+    user.expectLog({logLine});
+    user.expectChecked(button, on);
+    user.expectText(button, caption);
+}
+
+void changeImageProcessing(Operator& user)
+{
+    user.chapter("Image Processing");
+
+    user.step("Switch the corrections off", [&] {
+        user.showTab("Image Processing");
+        toggle(user, "ColumnCorrectionButton", false, "Column Correction: Deactivated",
+               "Set column correction value OK");
+        toggle(user, "VignettingCorrectionButton", false, "Vignetting Correction: Deactivated",
+               "Set vignetting correction value OK");
+    });
+
+    user.step("Switch the NUC off, then ask for one", [&] {
+        toggle(user, "nucEnablingButton", false, "NUC: Deactivated", "Set NUC control OK");
+        user.picture("Switched off");
+        user.click("userNucRequest");
+        user.expectLog({"NUC applied"});
+        user.expectText("nucEnablingButton", "NUC: Activated");
+    });
+
+    user.step("Show the test pattern", [&] {
+        toggle(user, "TestPatternButton", true, "Test Pattern: Activated",
+               "Set TEST PATTERN value OK");
+    });
+
+    user.step("Choose the video output", [&] {
+        user.openList("VideoOutputCB");
+        user.picture("The nine outputs");
+        user.take("VideoOutputCB", "LUT CORRECTION");
+        user.expectLog({"Set VIDEO OUTPUT value OK"});
+    });
+
+    user.step("Switch the outputs", [&] {
+        toggle(user, "sdiOutputButton", false, "BT656/SDI Output: Deactivated",
+               "Set BT656/SDI OUTPUT value OK");
+        toggle(user, "parallelOutputButton", true, "Parallel Output: Activated",
+               "Set PARALLEL OUTPUT value OK");
+        toggle(user, "mipiOutputButton", true, "MIPI Output: Activated",
+               "Set MIPI OUTPUT value OK");
+    });
+
+    user.step("Change the frame rate, which takes the test pattern's mark away", [&] {
+        user.choose("frameRateCB", "30Hz");
+        user.expectLog({"Set FRAME RATE value OK"});
+        user.expectChecked("TestPatternButton", false);
+        user.expectText("TestPatternButton", "Test Pattern: Deactivated");
+    });
+
+    user.step("Close the shutter, then run the automatic NUC", [&] {
+        toggle(user, "shutterCtrlPB", true, "Shutter closed", "Set shutter position OK");
+        user.picture("Closed");
+        user.click("autoNucPB");
+        user.expectLog({"NUC applied", "Shutter opened"});
+        user.expectChecked("shutterCtrlPB", false);
+        user.expectText("shutterCtrlPB", "Shutter opened");
+    });
+}
+
+} // namespace tour
