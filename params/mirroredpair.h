@@ -17,7 +17,10 @@ struct DecimalPair {
     double stepsPerUnit; ///< 1 / unitsPerStep, kept apart because 0.1 has no exact double
     double offset;
 
-    [[nodiscard]] double toBox(int sliderValue) const { return sliderValue * unitsPerStep + offset; }
+    [[nodiscard]] double toBox(int sliderValue) const
+    {
+        return sliderValue * unitsPerStep + offset;
+    }
 
     /// Nearest step, halves away from zero.
     [[nodiscard]] int toSlider(double boxValue) const

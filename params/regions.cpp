@@ -32,10 +32,10 @@ constexpr const char* xRule = QT_TRANSLATE_NOOP("MainWindow", " X1 must be lower
 constexpr const char* yRule = QT_TRANSLATE_NOOP("MainWindow", " Y1 must be lower than ROI Y2");
 
 // clang-format off
-constexpr Coordinate x1{"X1", &Region::x1, &Region::x2, &Region::x1, xRule, &ICamera::setRoiX1};
-constexpr Coordinate x2{"X2", &Region::x1, &Region::x2, &Region::x2, xRule, &ICamera::setRoiX2};
-constexpr Coordinate y1{"Y1", &Region::y1, &Region::y2, &Region::y1, yRule, &ICamera::setRoiY1};
-constexpr Coordinate y2{"Y2", &Region::y1, &Region::y2, &Region::y2, yRule, &ICamera::setRoiY2};
+constexpr Coordinate x1Coordinate{"X1", &Region::x1, &Region::x2, &Region::x1, xRule, &ICamera::setRoiX1};
+constexpr Coordinate x2Coordinate{"X2", &Region::x1, &Region::x2, &Region::x2, xRule, &ICamera::setRoiX2};
+constexpr Coordinate y1Coordinate{"Y1", &Region::y1, &Region::y2, &Region::y1, yRule, &ICamera::setRoiY1};
+constexpr Coordinate y2Coordinate{"Y2", &Region::y1, &Region::y2, &Region::y2, yRule, &ICamera::setRoiY2};
 // clang-format on
 
 bool isRegion(int region)
@@ -77,22 +77,22 @@ void MainWindow::sendCoordinate(const Coordinate& coordinate, int region)
 
 void MainWindow::x1RoiUserValueChanged(int region)
 {
-    sendCoordinate(x1, region);
+    sendCoordinate(x1Coordinate, region);
 }
 
 void MainWindow::x2RoiUserValueChanged(int region)
 {
-    sendCoordinate(x2, region);
+    sendCoordinate(x2Coordinate, region);
 }
 
 void MainWindow::y1RoiUserValueChanged(int region)
 {
-    sendCoordinate(y1, region);
+    sendCoordinate(y1Coordinate, region);
 }
 
 void MainWindow::y2RoiUserValueChanged(int region)
 {
-    sendCoordinate(y2, region);
+    sendCoordinate(y2Coordinate, region);
 }
 
 void MainWindow::enableRegion(int region)
