@@ -21,11 +21,11 @@ constexpr std::uint64_t distanceMask = (std::uint64_t{1} << distanceBits) - 1;
 constexpr std::uint64_t indexPastTheMap = pixelCount;
 constexpr std::uint64_t endOfTable = ~std::uint64_t{0};
 // Words of a plan.
-constexpr QLatin1String missingFile("missing");
-constexpr QLatin1String emptyFile("empty");
-constexpr QLatin1String longFile("long");
+const QLatin1String missingFile("missing");
+const QLatin1String emptyFile("empty");
+const QLatin1String longFile("long");
 
-constexpr QLatin1String tableFile("replbp.bin"); // in the current directory
+const QLatin1String tableFile("replbp.bin"); // in the current directory
 
 bool onSensor(int x, int y)
 {
@@ -98,7 +98,7 @@ std::uint64_t replacementOf(const BadPixelMap& map, int x, int y)
 
 void appendRecord(QByteArray& table, std::uint64_t word)
 {
-    const quint64 bytes = qToLittleEndian<quint64>(word);
+    const auto bytes = qToLittleEndian<quint64>(word);
     table.append(reinterpret_cast<const char*>(&bytes), sizeof bytes);
 }
 
@@ -147,6 +147,7 @@ std::vector<int> pixelsAt(std::uint32_t x, std::uint32_t y)
     const int step = column ? sensorWidth : 1;
     const int length = line ? sensorWidth : column ? sensorHeight : 1;
     std::vector<int> pixels;
+    pixels.reserve(static_cast<std::size_t>(length));
     for (int number = 0; number < length; ++number) {
         pixels.push_back(first + number * step);
     }

@@ -27,12 +27,12 @@ public:
     /// The map in the file, or nothing and the reason why the file is no map.
     static std::optional<BadPixelMap> load(const QString& path, QString* reason);
     /// Replaces the file, whole or not at all where the folder allows it.
-    bool save(const QString& path, QString* reason) const;
+    [[nodiscard]] bool save(const QString& path, QString* reason) const;
 
-    bool isBad(int x, int y) const;
-    bool isBad(int index) const { return bytes.at(index) != '\0'; }
+    [[nodiscard]] bool isBad(int x, int y) const;
+    [[nodiscard]] bool isBad(int index) const { return bytes.at(index) != '\0'; }
     void setBad(int index, bool bad) { bytes[index] = bad ? '\1' : '\0'; }
-    int count() const { return static_cast<int>(bytes.count('\1')); }
+    [[nodiscard]] int count() const { return static_cast<int>(bytes.count('\1')); }
 
 private:
     explicit BadPixelMap(QByteArray content) : bytes(std::move(content)) {}

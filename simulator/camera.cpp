@@ -48,6 +48,44 @@ Flag asFlag(bool success, Operation operation, const std::string& path, const QS
     return asFlag(success);
 }
 
+/// True; or false, with a line in the log, when the program passed a null pointer.
+bool isGiven(Operation operation, const void* pointer)
+{
+    if (pointer == nullptr) {
+        Simulator::instance().log().misuse(
+            QStringLiteral("%1 with a null pointer").arg(nameOf(operation)));
+    }
+    return pointer != nullptr;
+}
+
+bool isRegion(Operation operation, std::uint32_t region)
+{
+    if (region >= regionCount) {
+        Simulator::instance().log().misuse(
+            QStringLiteral("%1 of region %2").arg(nameOf(operation)).arg(region));
+    }
+    return region < regionCount;
+}
+
+bool isTableRegion(Operation operation, std::uint32_t offset, std::uint32_t length,
+                   std::uint8_t tableId, std::uint8_t expectedId)
+{
+    const bool right = offset == tableOffset && length == tableLength && tableId == expectedId;
+    if (!right) {
+        Simulator::instance().log().misuse(
+            QStringLiteral("%1 of offset %2, length %3, table %4; there is offset %5, length %6, "
+                           "table %7")
+                .arg(nameOf(operation))
+                .arg(offset)
+                .arg(length)
+                .arg(tableId)
+                .arg(tableOffset)
+                .arg(tableLength)
+                .arg(expectedId));
+    }
+    return right;
+}
+
 } // namespace
 
 Camera::Camera(Device& openedDevice, std::uint32_t linkBaudRate)
@@ -122,43 +160,6 @@ Flag Camera::fillRecord(Operation operation, Record* record, Fill fill)
         filled = journalText(*record);
         return asFlag(true);
     });
-}
-
-bool Camera::isGiven(Operation operation, const void* pointer) const
-{
-    if (pointer == nullptr) {
-        Simulator::instance().log().misuse(
-            QStringLiteral("%1 with a null pointer").arg(nameOf(operation)));
-    }
-    return pointer != nullptr;
-}
-
-bool Camera::isRegion(Operation operation, std::uint32_t region) const
-{
-    if (region >= regionCount) {
-        Simulator::instance().log().misuse(
-            QStringLiteral("%1 of region %2").arg(nameOf(operation)).arg(region));
-    }
-    return region < regionCount;
-}
-
-bool Camera::isTableRegion(Operation operation, std::uint32_t offset, std::uint32_t length,
-                           std::uint8_t tableId, std::uint8_t expectedId) const
-{
-    const bool right = offset == tableOffset && length == tableLength && tableId == expectedId;
-    if (!right) {
-        Simulator::instance().log().misuse(
-            QStringLiteral("%1 of offset %2, length %3, table %4; there is offset %5, length %6, "
-                           "table %7")
-                .arg(nameOf(operation))
-                .arg(offset)
-                .arg(length)
-                .arg(tableId)
-                .arg(tableOffset)
-                .arg(tableLength)
-                .arg(expectedId));
-    }
-    return right;
 }
 
 std::uint32_t Camera::getRegion(Operation operation, Coordinate coordinate, std::uint32_t region)

@@ -20,8 +20,8 @@ public:
     Camera(Device& openedDevice, std::uint32_t linkBaudRate);
 
     /// As log and journal call it.
-    QString name() const;
-    bool isOpen() const { return open; }
+    [[nodiscard]] QString name() const;
+    [[nodiscard]] bool isOpen() const { return open; }
     void close() { open = false; }
 
     void getVersions(std::uint32_t* versions) override;
@@ -140,12 +140,6 @@ private:
     Flag setRegion(Operation operation, Coordinate coordinate, std::uint32_t value,
                    std::uint32_t region, bool roi1Inclusive, bool roi0Exclusive,
                    bool roi1Exclusive);
-
-    /// True; or false, with a line in the log, when the program passed a null pointer.
-    bool isGiven(Operation operation, const void* pointer) const;
-    bool isRegion(Operation operation, std::uint32_t region) const;
-    bool isTableRegion(Operation operation, std::uint32_t offset, std::uint32_t length,
-                       std::uint8_t tableId, std::uint8_t expectedId) const;
 
     Device& device;
     std::uint32_t serialNumber;

@@ -1,5 +1,7 @@
 #include "simulator/configuration.h"
 
+#include "simulator/rows.h"
+
 #include "simulator/simulator.h"
 
 namespace simulator {
@@ -10,7 +12,7 @@ using S = Setting;
 using K = Kind;
 
 // clang-format off
-constexpr std::array<SettingFacts, settingCount> table = {{
+constexpr std::array<SettingFacts, settingCount> settingRows = {{
     {S::BaudRate,             {"baudRate",                    K::Whole,  115200}},
     {S::ExpertMode,           {"expertMode",                  K::Switch, 1}},
     {S::Roi0IncX1,            {"defaultRoi0IncX1",            K::Real,   5}},
@@ -59,7 +61,7 @@ constexpr std::array<SettingFacts, settingCount> table = {{
     {S::AhcWhiteGainLimit,    {"defaultAhcWhiteGainLimit",    K::Byte,   80}},
 }};
 
-constexpr std::array<MemberFacts, memberCount> members = {{
+constexpr std::array<MemberFacts, memberCount> memberRows = {{
     {{"gskValue",  K::Whole, 6},    &ISdkConfiguration::gskValue,  true},
     {{"gmsValue",  K::Whole, 24},   &ISdkConfiguration::gmsValue,  true},
     {{"gfidValue", K::Whole, 320},  &ISdkConfiguration::gfidValue, true},
@@ -75,36 +77,27 @@ constexpr std::array<MemberFacts, memberCount> members = {{
 }};
 // clang-format on
 
-constexpr bool rowsFollowTheEnumeration()
-{
-    for (std::size_t row = 0; row < table.size(); ++row) {
-        if (static_cast<std::size_t>(table[row].setting) != row) {
-            return false;
-        }
-    }
-    return true;
-}
-static_assert(rowsFollowTheEnumeration());
+static_assert(followTheEnumeration<&SettingFacts::setting>(settingRows));
 
 } // namespace
 
 const std::array<SettingFacts, settingCount>& settingTable()
 {
-    return table;
+    return settingRows;
 }
 
 const std::array<MemberFacts, memberCount>& memberTable()
 {
-    return members;
+    return memberRows;
 }
 
 ConfigurationValues::ConfigurationValues() : communicationType("UART")
 {
     for (std::size_t row = 0; row < settingCount; ++row) {
-        settings[row] = table[row].field.initial;
+        settings[row] = settingRows[row].field.initial;
     }
     for (std::size_t row = 0; row < memberCount; ++row) {
-        this->members[row] = as<std::int32_t>(simulator::members[row].field.initial);
+        members[row] = as<std::int32_t>(memberRows[row].field.initial);
     }
 }
 
@@ -113,7 +106,7 @@ void Configuration::load(const ConfigurationValues& values)
     settings = values.settings;
     communicationType = values.communicationType;
     for (std::size_t row = 0; row < memberCount; ++row) {
-        this->*members[row].member = values.members[row];
+        this->*memberRows[row].member = values.members[row];
     }
 }
 

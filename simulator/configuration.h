@@ -96,8 +96,11 @@ struct ConfigurationValues {
 class Configuration final : public ombrix_sdk::ISdkConfiguration {
 public:
     void load(const ConfigurationValues& values);
-    ConfigurationValues values() const;
-    std::uint32_t linkBaudRate() const { return as<std::uint32_t>(at(Setting::BaudRate)); }
+    [[nodiscard]] ConfigurationValues values() const;
+    [[nodiscard]] std::uint32_t linkBaudRate() const
+    {
+        return as<std::uint32_t>(at(Setting::BaudRate));
+    }
 
     std::int32_t getDefaultBaudRate() override { return get<std::int32_t>(Setting::BaudRate); }
     const char* getCommunicationType() override;
@@ -188,8 +191,14 @@ public:
     void setBaudRate(std::int32_t baudRate) override;
 
 private:
-    double at(Setting setting) const { return settings[static_cast<std::size_t>(setting)]; }
-    template<typename Type> Type get(Setting setting) const { return as<Type>(at(setting)); }
+    [[nodiscard]] double at(Setting setting) const
+    {
+        return settings[static_cast<std::size_t>(setting)];
+    }
+    template<typename Type> [[nodiscard]] Type get(Setting setting) const
+    {
+        return as<Type>(at(setting));
+    }
 
     std::array<double, settingCount> settings{};
     QByteArray communicationType;

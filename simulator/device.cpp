@@ -96,7 +96,7 @@ void Device::writeTable(const QByteArray& region)
 
 float Device::temperature(Parameter parameter) const
 {
-    const double end = get<double>(parameter);
+    const auto end = get<double>(parameter);
     if (!surroundings.behaviour.warmUp) {
         return as<float>(end);
     }

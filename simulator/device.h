@@ -33,13 +33,13 @@ public:
     /// Lets the camera notice how much time has passed.
     void passTime();
 
-    const CameraSettings& settings() const { return factory; }
+    [[nodiscard]] const CameraSettings& settings() const { return factory; }
 
     /// A camera that hangs answers nothing until its power is switched off and on.
-    bool isHanging() const { return hanging; }
+    [[nodiscard]] bool isHanging() const { return hanging; }
     void setHanging(bool on) { hanging = on; }
 
-    template<typename Type> Type get(Parameter parameter) const
+    template<typename Type> [[nodiscard]] Type get(Parameter parameter) const
     {
         return as<Type>(values[static_cast<std::size_t>(parameter)]);
     }
@@ -49,7 +49,7 @@ public:
     bool set(std::initializer_list<std::pair<Parameter, double>> changes);
 
     /// A region that is off answers 0 as its X1 and keeps its coordinates.
-    std::uint32_t regionValue(std::uint32_t region, Coordinate coordinate) const;
+    [[nodiscard]] std::uint32_t regionValue(std::uint32_t region, Coordinate coordinate) const;
     bool setRegion(std::uint32_t region, Coordinate coordinate, std::uint32_t value,
                    bool roi1Inclusive, bool roi0Exclusive, bool roi1Exclusive);
 
@@ -59,18 +59,18 @@ public:
     bool setMipiOutput(bool enable);
     bool setEdgeCorrection(std::uint8_t type, std::uint32_t gain, std::uint32_t threshold);
 
-    std::uint32_t baudRate() const { return currentBaudRate; }
+    [[nodiscard]] std::uint32_t baudRate() const { return currentBaudRate; }
     bool setBaudRate(std::uint32_t rate, bool permanent);
 
-    const QByteArray& tableRegion() const { return table; }
+    [[nodiscard]] const QByteArray& tableRegion() const { return table; }
     void writeTable(const QByteArray& region);
 
-    float temperature(Parameter parameter) const;
+    [[nodiscard]] float temperature(Parameter parameter) const;
 
     bool requestNuc(std::uint8_t automatic);
     bool setNucControl(std::uint8_t control);
     bool setShutter(bool closed);
-    bool isShutterClosed() const;
+    [[nodiscard]] bool isShutterClosed() const;
 
 private:
     void store(Parameter parameter, double value)
@@ -81,7 +81,7 @@ private:
     void switchOn();
     /// Writes the values to the memory.
     void keep() const;
-    bool isNucRunning() const;
+    [[nodiscard]] bool isNucRunning() const;
 
     Surroundings surroundings;
     CameraSettings factory;

@@ -3,6 +3,8 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QSettings>
 
+#include <utility>
+
 namespace simulator {
 namespace {
 
@@ -13,7 +15,7 @@ QString fullKey(const QString& section, const QString& key)
 
 } // namespace
 
-IniFile::IniFile(const QString& filePath) : path(filePath)
+IniFile::IniFile(QString filePath) : path(std::move(filePath))
 {
     const QFileInfo info(path);
     if (!info.isFile() || !info.isReadable()) {

@@ -15,10 +15,10 @@ namespace simulator {
 class IniFile {
 public:
     /// Reads the whole file; a file that cannot be read is a problem and empty.
-    explicit IniFile(const QString& path);
+    explicit IniFile(QString filePath);
 
     /// The sections in which a value stands, sorted.
-    QStringList sections() const;
+    [[nodiscard]] QStringList sections() const;
     /// The text of a key, or nothing. Lists keep their commas.
     std::optional<QString> text(const QString& section, const QString& key);
     /// The number of a field, or nothing when it is absent. A value of the wrong kind is a problem

@@ -15,7 +15,7 @@
 namespace simulator {
 namespace {
 
-const QString section = QStringLiteral("memory");
+const QString memorySection = QStringLiteral("memory");
 constexpr Field fileFormat{"format", Kind::Word, 1};
 
 /// A kept number: where its text stands and where its value belongs.
@@ -26,7 +26,7 @@ struct Entry {
 
 QByteArray write(const std::vector<Entry>& entries)
 {
-    QByteArray text = '[' + section.toLatin1() + "]\n";
+    QByteArray text = '[' + memorySection.toLatin1() + "]\n";
     const auto append = [&text](const Field& field, double value) {
         text += QByteArray(field.key) + '=' + formatField(field.kind, value).toLatin1() + '\n';
     };
@@ -43,14 +43,14 @@ bool read(const QString& path, std::vector<Entry>& entries, QString* reason)
 {
     IniFile ini(path);
     const auto take = [&ini](const Field& field) {
-        const std::optional<double> value = ini.number(section, field, field.initial);
+        const std::optional<double> value = ini.number(memorySection, field, field.initial);
         if (!value) {
-            ini.addProblem(section, QLatin1String(field.key), QStringLiteral("no value"));
+            ini.addProblem(memorySection, QLatin1String(field.key), QStringLiteral("no value"));
         }
         return value.value_or(field.initial);
     };
     if (take(fileFormat) != fileFormat.initial) {
-        ini.addProblem(section, QLatin1String(fileFormat.key), QStringLiteral("not known"));
+        ini.addProblem(memorySection, QLatin1String(fileFormat.key), QStringLiteral("not known"));
     }
     for (Entry& entry : entries) {
         entry.value = take(entry.field);

@@ -35,9 +35,9 @@ public:
     void saveConfiguration(const ConfigurationValues& values);
 
 private:
-    QString cameraFile(std::uint32_t serialNumber) const;
-    QString tableFile(std::uint32_t serialNumber) const;
-    QString configurationFile() const;
+    [[nodiscard]] QString cameraFile(std::uint32_t serialNumber) const;
+    [[nodiscard]] QString tableFile(std::uint32_t serialNumber) const;
+    [[nodiscard]] QString configurationFile() const;
     void forget(const QString& path);
     void save(const QString& path, const QByteArray& content);
     void reportDamage(const QString& path, const QString& reason);

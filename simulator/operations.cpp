@@ -1,12 +1,14 @@
 #include "simulator/operations.h"
 
+#include "simulator/rows.h"
+
 namespace simulator {
 namespace {
 
 using O = Operation;
 
 // clang-format off
-constexpr std::array<OperationFacts, operationCount> table = {{
+constexpr std::array<OperationFacts, operationCount> operationRows = {{
     {O::GetCommunicationType,    "getCommunicationType",    false, 0, 0},
     {O::SaveConfiguration,       "saveConfiguration",       false, 0, 0},
     {O::OpenCamera,              "openCamera",              true,  0, 4},
@@ -93,16 +95,7 @@ constexpr std::array<OperationFacts, operationCount> table = {{
 }};
 // clang-format on
 
-constexpr bool rowsFollowTheEnumeration()
-{
-    for (std::size_t row = 0; row < table.size(); ++row) {
-        if (static_cast<std::size_t>(table[row].operation) != row) {
-            return false;
-        }
-    }
-    return true;
-}
-static_assert(rowsFollowTheEnumeration());
+static_assert(followTheEnumeration<&OperationFacts::operation>(operationRows));
 
 constexpr int frameBytes = 12;  ///< head and checksum around every request and every answer
 constexpr int bitsPerByte = 10; ///< eight data bits between a start and a stop bit
@@ -111,12 +104,12 @@ constexpr int bitsPerByte = 10; ///< eight data bits between a start and a stop 
 
 const std::array<OperationFacts, operationCount>& operationTable()
 {
-    return table;
+    return operationRows;
 }
 
 const OperationFacts& factsOf(Operation operation)
 {
-    return table[static_cast<std::size_t>(operation)];
+    return operationRows[static_cast<std::size_t>(operation)];
 }
 
 QString nameOf(Operation operation)

@@ -1,5 +1,7 @@
 #include "simulator/parameters.h"
 
+#include "simulator/rows.h"
+
 namespace simulator {
 namespace {
 
@@ -12,7 +14,7 @@ constexpr double anyWord = 4294967295.0;
 constexpr double gammaOne = 65536;
 
 // clang-format off
-constexpr std::array<ParameterFacts, parameterCount> table = {{
+constexpr std::array<ParameterFacts, parameterCount> parameterRows = {{
     // parameter               key                     kind         initial   accepted         power loss
     {P::SerialNumber,         {"serialNumber",         K::Word,     20417},   0, anyWord,      factory},
     {P::SensorSerialNumber,   {"sensorSerialNumber",   K::Word,     730155},  0, anyWord,      factory},
@@ -84,16 +86,7 @@ constexpr std::array<ParameterFacts, parameterCount> table = {{
 }};
 // clang-format on
 
-constexpr bool rowsFollowTheEnumeration()
-{
-    for (std::size_t row = 0; row < table.size(); ++row) {
-        if (static_cast<std::size_t>(table[row].parameter) != row) {
-            return false;
-        }
-    }
-    return true;
-}
-static_assert(rowsFollowTheEnumeration());
+static_assert(followTheEnumeration<&ParameterFacts::parameter>(parameterRows));
 
 constexpr Parameter later(Parameter first, std::size_t steps)
 {
@@ -104,18 +97,18 @@ constexpr Parameter later(Parameter first, std::size_t steps)
 
 const std::array<ParameterFacts, parameterCount>& parameterTable()
 {
-    return table;
+    return parameterRows;
 }
 
 const ParameterFacts& factsOf(Parameter parameter)
 {
-    return table[static_cast<std::size_t>(parameter)];
+    return parameterRows[static_cast<std::size_t>(parameter)];
 }
 
 ParameterValues initialParameters()
 {
     ParameterValues values{};
-    for (const ParameterFacts& row : table) {
+    for (const ParameterFacts& row : parameterRows) {
         values[static_cast<std::size_t>(row.parameter)] = row.field.initial;
     }
     return values;

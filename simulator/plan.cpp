@@ -102,7 +102,7 @@ bool Plan::refresh()
         return false;
     }
     const QFileInfo info(file);
-    const std::pair state(info.lastModified(), info.exists() ? info.size() : -1);
+    const std::pair state(info.lastModified(), info.size());
     if (lastState == state) {
         return false;
     }
@@ -113,8 +113,12 @@ bool Plan::refresh()
 
 void Plan::read()
 {
-    IniFile ini(file);
     rules.clear();
+    found.clear();
+    if (!isThere()) {
+        return;
+    }
+    IniFile ini(file);
     const QStringList patterns = ini.sections();
     for (const QString& pattern : patterns) {
         if (pattern == powerSection) {

@@ -6,6 +6,7 @@
 #include "simulator/random.h"
 
 #include <QtCore/QDateTime>
+#include <QtCore/QFileInfo>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
@@ -32,12 +33,14 @@ class Plan {
 public:
     /// Reads the plan for the first time; an empty path means no plan.
     void setFile(const QString& path);
+    /// False while there is no such file: nothing fails then, and the file may come later.
+    [[nodiscard]] bool isThere() const { return QFileInfo::exists(file); }
     /// Reads the plan again when the file has changed, and says whether it did.
     bool refresh();
     /// The problems of the last reading, one line each.
-    const QStringList& problems() const { return found; }
+    [[nodiscard]] const QStringList& problems() const { return found; }
     /// Grows when the cameras' power is to be switched off and on.
-    qint64 powerCycles() const { return cycles; }
+    [[nodiscard]] qint64 powerCycles() const { return cycles; }
 
     /// Counts the call and answers what is to become of it.
     Verdict judge(Operation operation);

@@ -7,7 +7,7 @@
 namespace simulator {
 namespace {
 
-const QString subject = QStringLiteral("link");
+const QString linkSubject = QStringLiteral("link");
 
 } // namespace
 
@@ -26,7 +26,7 @@ ombrix_sdk::ICamera* SerialLink::openCamera(const char* portName)
     if (answers) {
         cameras.push_back(std::make_unique<Camera>(*device, baudRate));
     }
-    simulator.journal().write({.subject = subject,
+    simulator.journal().write({.subject = linkSubject,
                                .operation = nameOf(Operation::OpenCamera),
                                .arguments = {journalText(portName)},
                                .answer = answers ? cameras.back()->name() : QStringLiteral("null"),
@@ -46,7 +46,7 @@ void SerialLink::closeCamera(ombrix_sdk::ICamera* camera)
         return;
     }
     (*found)->close();
-    simulator.journal().write({.subject = subject,
+    simulator.journal().write({.subject = linkSubject,
                                .operation = QStringLiteral("closeCamera"),
                                .arguments = {(*found)->name()}});
 }

@@ -18,7 +18,7 @@ public:
     ombrix_sdk::ICamera* openCamera(const char* portName) override;
     void closeCamera(ombrix_sdk::ICamera* camera) override;
 
-    bool isReleased() const { return released; }
+    [[nodiscard]] bool isReleased() const { return released; }
     /// Closes what is still open.
     void release();
 

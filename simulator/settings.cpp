@@ -17,7 +17,6 @@ namespace {
 const QString simulatorSection = QStringLiteral("simulator");
 const QString configurationSection = QStringLiteral("configuration");
 const QString cameraSection = QStringLiteral("camera"); ///< how the section of a camera begins
-const QString everyPort = QStringLiteral("*");
 
 /// A path of the [simulator] section and the environment variable that goes before it.
 struct PathFacts {
@@ -223,7 +222,7 @@ void readCameras(IniFile& ini, Settings& settings)
 } // namespace
 
 CameraSettings::CameraSettings()
-    : section(cameraSection), ports(everyPort), values(initialParameters()),
+    : section(cameraSection), ports(everyPort()), values(initialParameters()),
       table(factoryTable(values))
 {}
 

@@ -17,8 +17,11 @@ namespace simulator {
 struct CameraSettings {
     CameraSettings(); ///< the built-in camera, on every port
 
-    QString section;   ///< its section in the settings file
-    QStringList ports; ///< names of ports; "*" is every port
+    /// Stands for every port that no other camera names.
+    static QString everyPort() { return QStringLiteral("*"); }
+
+    QString section; ///< its section in the settings file
+    QStringList ports;
     ParameterValues values;
     QByteArray table; ///< content of the table region
 };

@@ -3,7 +3,6 @@
 namespace simulator {
 namespace {
 
-constexpr QLatin1String everyPort("*");
 constexpr qint64 microsecondsPerMillisecond = 1000;
 
 } // namespace
@@ -73,10 +72,13 @@ void Simulator::introduce()
         return name.isEmpty() ? otherwise : name;
     };
     logWriter.notice(QStringLiteral("no camera hardware is used: this SDK is a simulator"));
+    const QString planName =
+        plan.isThere() || settings.planFile.isEmpty()
+            ? named(settings.planFile, QStringLiteral("none"))
+            : QStringLiteral("%1, which is not there yet").arg(settings.planFile);
     logWriter.notice(QStringLiteral("settings: %1; memory: %2; plan: %3; seed: %4")
                          .arg(named(settings.file, QStringLiteral("built in")),
-                              named(settings.memoryFolder, QStringLiteral("off")),
-                              named(settings.planFile, QStringLiteral("none")))
+                              named(settings.memoryFolder, QStringLiteral("off")), planName)
                          .arg(settings.behaviour.seed));
     for (const CameraSettings& camera : settings.cameras) {
         logWriter.notice(
@@ -101,7 +103,7 @@ void Simulator::saveConfiguration()
 
 Device* Simulator::deviceAt(const QString& port)
 {
-    for (const QString& name : {port, QString(everyPort)}) {
+    for (const QString& name : {port, CameraSettings::everyPort()}) {
         for (const auto& device : devices) {
             if (device->settings().ports.contains(name)) {
                 return device.get();
