@@ -1,0 +1,531 @@
+// A whole reset, call by call and log line by log line.
+#include "tests/kit/operator.h"
+
+#include <QtCore/QTimer>
+
+namespace {
+
+QStringList sequence(const char* block)
+{
+    QStringList lines;
+    const auto all = QString::fromLatin1(block).split(QLatin1Char('\n'));
+    for (const QString& line : all) {
+        if (!line.trimmed().isEmpty()) {
+            lines.append(line.trimmed());
+        }
+    }
+    return lines;
+}
+
+/// Every default is what the camera has already.
+void makeDefaultsEqual(recording::Sdk& sdk)
+{
+    // In the order x1, x2, y1, y2.
+    sdk.camera.regions = {
+        {{15, 600, 16, 440}, {21, 123, 22, 124}, {31, 133, 32, 134}, {41, 143, 42, 144}}};
+    recording::ConfigurationState& defaults = sdk.configuration;
+    defaults.roi0ExcEnable = defaults.roi1IncEnable = defaults.roi1ExcEnable = 1;
+    defaults.sharpeningGain = sdk.camera.edgeCorrection.gain;
+    defaults.sharpeningThreshold = sdk.camera.edgeCorrection.firstThreshold;
+    defaults.temporalFilter = sdk.camera.lutTemporalFilter;
+    defaults.ahcBlackGainLimit = sdk.camera.ahcGains.black;
+    defaults.ahcWhiteGainLimit = sdk.camera.ahcGains.white;
+}
+
+const QStringList applyOfEqualDefaults = sequence(R"(
+    log 2: Start applying camera parameters
+    camera.getFrameRate()
+    camera.setVignettingCorrection(false)
+    log 2: Set vignetting correction value OK
+    camera.setColumnCorrection(false)
+    log 2: Set column correction value OK
+    camera.setTestPattern(false)
+    log 2: Set TEST PATTERN value OK
+    camera.setVideoOutput(0)
+    log 2: Set VIDEO OUTPUT value OK
+    camera.setBt656SdiOutput(false)
+    log 2: Set BT656/SDI OUTPUT value OK
+    camera.setParallelOutput(false)
+    log 2: Set PARALLEL OUTPUT value OK
+    camera.setMipiOutput(false)
+    log 2: Set MIPI OUTPUT value OK
+    camera.setPolarity(false)
+    log 2: Set POLARITY value OK
+    camera.setGamma(65536)
+    log 2: Set GAMMA value OK
+    camera.setRoiX1(15, 0, true, true, true)
+    log 2: Set ROI 0 X1 value OK
+    camera.setRoiX2(600, 0, true, true, true)
+    log 2: Set ROI 0 X2 value OK
+    camera.setRoiY1(16, 0, true, true, true)
+    log 2: Set ROI 0 Y1 value OK
+    camera.setRoiY2(440, 0, true, true, true)
+    log 2: Set ROI 0 Y2 value OK
+    camera.setRoiX1(21, 1, true, true, true)
+    log 2: Set ROI 1 X1 value OK
+    camera.setRoiX2(123, 1, true, true, true)
+    log 2: Set ROI 1 X2 value OK
+    camera.setRoiY1(22, 1, true, true, true)
+    log 2: Set ROI 1 Y1 value OK
+    camera.setRoiY2(124, 1, true, true, true)
+    log 2: Set ROI 1 Y2 value OK
+    camera.setRoiX1(31, 2, true, true, true)
+    log 2: Set ROI 2 X1 value OK
+    camera.setRoiX2(133, 2, true, true, true)
+    log 2: Set ROI 2 X2 value OK
+    camera.setRoiY1(32, 2, true, true, true)
+    log 2: Set ROI 2 Y1 value OK
+    camera.setRoiY2(134, 2, true, true, true)
+    log 2: Set ROI 2 Y2 value OK
+    camera.setRoiX1(41, 3, true, true, true)
+    log 2: Set ROI 3 X1 value OK
+    camera.setRoiX2(143, 3, true, true, true)
+    log 2: Set ROI 3 X2 value OK
+    camera.setRoiY1(42, 3, true, true, true)
+    log 2: Set ROI 3 Y1 value OK
+    camera.setRoiY2(144, 3, true, true, true)
+    log 2: Set ROI 3 Y2 value OK
+    camera.configureContrastType(0)
+    log 2: Configure contrast type OK
+    camera.setColorLut(0)
+    log 2: Set COLOR LUT value OK
+    camera.setClhe(2000)
+    log 2: Set CLHE value OK
+    camera.setLutTemporalFilter(3)
+    log 2: Set LUT TEMPORAL FILTER value OK
+    camera.setAhcGainsLimitation(10, 20)
+    log 2: Set AHC GAINS LIMITATION values OK
+    camera.configureZoomResolution(720, 576)
+    log 2: Configure ZOOM RESOLUTION OK
+    camera.configureZoom(1, 320, 240, 0)
+    log 2: Configure Zoom OK
+    camera.setHorizontalFlip(false)
+    log 2: Set HORIZONTAL FLIP value OK
+    camera.configureEdgeCorrection(0, 10, 20)
+    log 2: Configure EDGE CORRECTION OK
+    sdk.saveConfiguration()
+    log 2: End applying camera parameters
+)");
+
+const QStringList resetToEqualDefaults = sequence(R"(
+    sdk.getConfiguration()
+    config.getDefaultFrameRate()
+    config.getDefaultRoi0IncX1()
+    config.getDefaultRoi0IncY1()
+    config.getDefaultRoi0IncX2()
+    config.getDefaultRoi0IncY2()
+    config.getDefaultRoi0ExcEnable()
+    config.getDefaultRoi0ExcX1()
+    config.getDefaultRoi0ExcX2()
+    config.getDefaultRoi0ExcY1()
+    config.getDefaultRoi0ExcY2()
+    config.getDefaultRoi1IncEnable()
+    config.getDefaultRoi1IncX1()
+    config.getDefaultRoi1IncX2()
+    config.getDefaultRoi1IncY1()
+    config.getDefaultRoi1IncY2()
+    config.getDefaultRoi1ExcEnable()
+    config.getDefaultRoi1ExcX1()
+    config.getDefaultRoi1ExcX2()
+    config.getDefaultRoi1ExcY1()
+    config.getDefaultRoi1ExcY2()
+    config.getDefaultPolarity()
+    config.getDefaultZoomFactor()
+    config.getDefaultZoomMethod()
+    config.getDefaultZoomXCenter()
+    config.getDefaultZoomYCenter()
+    config.getDefaultZoomXResolution()
+    config.getDefaultZoomYResolution()
+    config.getDefaultContrastType()
+    config.getDefaultColorLut()
+    config.getDefaultHorizontalFlip()
+    config.getDefaultVerticalFlip()
+    config.getDefaultVignettingCorrection()
+    config.getDefaultColumnCorrection()
+    config.getDefaultEdgeCorrection()
+    config.getDefaultSharpeningGain()
+    config.getDefaultSharpeningThreshold()
+    config.getDefaultVideoOutput()
+    config.getDefaultBt656SdiOutput()
+    config.getDefaultParallelOutput()
+    config.getDefaultMipiOutput()
+    config.getDefaultTestPattern()
+    config.getDefaultTemporalFilter()
+    config.getDefaultAhcBlackGainLimit()
+    config.getDefaultAhcWhiteGainLimit()
+)") + applyOfEqualDefaults;
+
+/// No default is what the camera has; gamma and CLHE, which have none, are away from their usual.
+void makeDefaultsDiffer(recording::Sdk& sdk)
+{
+    sdk.camera.gamma = 144179;
+    sdk.camera.clhe = 4321;
+    recording::ConfigurationState& defaults = sdk.configuration;
+    defaults.frameRate = 50;
+    defaults.roi0IncX1 = 50.9;
+    defaults.roi0IncY1 = 60.9;
+    defaults.roi0IncX2 = 500.9;
+    defaults.roi0IncY2 = 400.9;
+    defaults.roi0ExcEnable = defaults.roi1IncEnable = defaults.roi1ExcEnable = 1;
+    defaults.polarity = 1;
+    defaults.zoomFactor = 2.5F;
+    defaults.zoomMethod = 1;
+    defaults.zoomXCenter = 111;
+    defaults.zoomYCenter = 222;
+    defaults.zoomXResolution = 640;
+    defaults.zoomYResolution = 480;
+    defaults.contrastType = 1;
+    defaults.colorLut = 3;
+    defaults.horizontalFlip = 0;
+    defaults.verticalFlip = 1;
+    defaults.vignettingCorrection = defaults.columnCorrection = 1;
+    defaults.edgeCorrection = 2;
+    defaults.sharpeningGain = 33;
+    defaults.sharpeningThreshold = 44;
+    defaults.videoOutput = 8;
+    defaults.bt656SdiOutput = defaults.parallelOutput = defaults.mipiOutput = 1;
+    defaults.testPattern = 1;
+    defaults.temporalFilter = 7;
+    defaults.ahcBlackGainLimit = 55;
+    defaults.ahcWhiteGainLimit = 66;
+}
+
+// The lists send their values as they change, and the apply sends them again.
+const QStringList resetToOtherDefaults = sequence(R"(
+    sdk.getConfiguration()
+    config.getDefaultFrameRate()
+    camera.getFrameRate()
+    camera.setFrameRate(50)
+    log 2: Set FRAME RATE value OK
+    config.getDefaultRoi0IncX1()
+    config.getDefaultRoi0IncY1()
+    config.getDefaultRoi0IncX2()
+    config.getDefaultRoi0IncY2()
+    config.getDefaultRoi0ExcEnable()
+    config.getDefaultRoi0ExcX1()
+    config.getDefaultRoi0ExcX2()
+    config.getDefaultRoi0ExcY1()
+    config.getDefaultRoi0ExcY2()
+    config.getDefaultRoi1IncEnable()
+    config.getDefaultRoi1IncX1()
+    config.getDefaultRoi1IncX2()
+    config.getDefaultRoi1IncY1()
+    config.getDefaultRoi1IncY2()
+    config.getDefaultRoi1ExcEnable()
+    config.getDefaultRoi1ExcX1()
+    config.getDefaultRoi1ExcX2()
+    config.getDefaultRoi1ExcY1()
+    config.getDefaultRoi1ExcY2()
+    config.getDefaultPolarity()
+    config.getDefaultZoomFactor()
+    config.getDefaultZoomMethod()
+    config.getDefaultZoomXCenter()
+    config.getDefaultZoomYCenter()
+    config.getDefaultZoomXResolution()
+    config.getDefaultZoomYResolution()
+    config.getDefaultContrastType()
+    camera.configureContrastType(1)
+    log 2: Configure contrast type OK
+    camera.configureContrastType(0)
+    log 2: Configure contrast type OK
+    config.getDefaultColorLut()
+    camera.setColorLut(3)
+    log 2: Set COLOR LUT value OK
+    config.getDefaultHorizontalFlip()
+    config.getDefaultVerticalFlip()
+    config.getDefaultVignettingCorrection()
+    config.getDefaultColumnCorrection()
+    config.getDefaultEdgeCorrection()
+    camera.configureEdgeCorrection(2, 10, 20)
+    log 2: Configure EDGE CORRECTION OK
+    config.getDefaultSharpeningGain()
+    config.getDefaultSharpeningThreshold()
+    config.getDefaultVideoOutput()
+    camera.setVideoOutput(8)
+    log 2: Set VIDEO OUTPUT value OK
+    config.getDefaultBt656SdiOutput()
+    config.getDefaultParallelOutput()
+    config.getDefaultMipiOutput()
+    config.getDefaultTestPattern()
+    config.getDefaultTemporalFilter()
+    config.getDefaultAhcBlackGainLimit()
+    config.getDefaultAhcWhiteGainLimit()
+    log 2: Start applying camera parameters
+    camera.getFrameRate()
+    camera.setVignettingCorrection(true)
+    log 2: Set vignetting correction value OK
+    camera.setColumnCorrection(true)
+    log 2: Set column correction value OK
+    camera.setTestPattern(true)
+    log 2: Set TEST PATTERN value OK
+    camera.setVideoOutput(8)
+    log 2: Set VIDEO OUTPUT value OK
+    camera.setBt656SdiOutput(true)
+    log 2: Set BT656/SDI OUTPUT value OK
+    camera.setParallelOutput(true)
+    log 2: Set PARALLEL OUTPUT value OK
+    camera.setMipiOutput(true)
+    log 2: Set MIPI OUTPUT value OK
+    camera.setPolarity(true)
+    log 2: Set POLARITY value OK
+    camera.setGamma(144179)
+    log 2: Set GAMMA value OK
+    camera.setRoiX1(50, 0, true, true, true)
+    log 2: Set ROI 0 X1 value OK
+    camera.setRoiX2(500, 0, true, true, true)
+    log 2: Set ROI 0 X2 value OK
+    camera.setRoiY1(60, 0, true, true, true)
+    log 2: Set ROI 0 Y1 value OK
+    camera.setRoiY2(400, 0, true, true, true)
+    log 2: Set ROI 0 Y2 value OK
+    camera.setRoiX1(21, 1, true, true, true)
+    log 2: Set ROI 1 X1 value OK
+    camera.setRoiX2(123, 1, true, true, true)
+    log 2: Set ROI 1 X2 value OK
+    camera.setRoiY1(22, 1, true, true, true)
+    log 2: Set ROI 1 Y1 value OK
+    camera.setRoiY2(124, 1, true, true, true)
+    log 2: Set ROI 1 Y2 value OK
+    camera.setRoiX1(31, 2, true, true, true)
+    log 2: Set ROI 2 X1 value OK
+    camera.setRoiX2(133, 2, true, true, true)
+    log 2: Set ROI 2 X2 value OK
+    camera.setRoiY1(32, 2, true, true, true)
+    log 2: Set ROI 2 Y1 value OK
+    camera.setRoiY2(134, 2, true, true, true)
+    log 2: Set ROI 2 Y2 value OK
+    camera.setRoiX1(41, 3, true, true, true)
+    log 2: Set ROI 3 X1 value OK
+    camera.setRoiX2(143, 3, true, true, true)
+    log 2: Set ROI 3 X2 value OK
+    camera.setRoiY1(42, 3, true, true, true)
+    log 2: Set ROI 3 Y1 value OK
+    camera.setRoiY2(144, 3, true, true, true)
+    log 2: Set ROI 3 Y2 value OK
+    camera.configureContrastType(0)
+    log 2: Configure contrast type OK
+    camera.setColorLut(3)
+    log 2: Set COLOR LUT value OK
+    camera.setClhe(4321)
+    log 2: Set CLHE value OK
+    camera.setLutTemporalFilter(7)
+    log 2: Set LUT TEMPORAL FILTER value OK
+    camera.setAhcGainsLimitation(55, 66)
+    log 2: Set AHC GAINS LIMITATION values OK
+    camera.configureZoomResolution(640, 480)
+    log 2: Configure ZOOM RESOLUTION OK
+    camera.configureZoom(2.5, 111, 222, 1)
+    log 2: Configure Zoom OK
+    camera.setHorizontalFlip(true)
+    log 2: Set HORIZONTAL FLIP value OK
+    camera.configureEdgeCorrection(2, 33, 44)
+    log 2: Configure EDGE CORRECTION OK
+    sdk.saveConfiguration()
+    log 2: End applying camera parameters
+)");
+
+struct Refusal {
+    const char* operation;
+    const char* ko;
+};
+
+constexpr Refusal refusals[] = {
+    {"camera.setVignettingCorrection", "Set vignetting correction value KO"},
+    {"camera.setColumnCorrection", "Set column correction value KO"},
+    {"camera.setTestPattern", "Set TEST PATTERN value KO"},
+    {"camera.setVideoOutput", "Set VIDEO OUTPUT value KO"},
+    {"camera.setBt656SdiOutput", "Set BT656/SDI OUTPUT value KO"},
+    {"camera.setParallelOutput", "Set PARALLEL OUTPUT value KO"},
+    {"camera.setMipiOutput", "Set MIPI OUTPUT value KO"},
+    {"camera.setPolarity", "Set POLARITY value KO"},
+    {"camera.setGamma", "Set GAMMA value KO"},
+    {"camera.setRoiX1", "Set ROI X1 value KO"},
+    {"camera.setRoiX2", "Set ROI X2 value KO"},
+    {"camera.setRoiY1", "Set ROI Y1 value KO"},
+    {"camera.setRoiY2", "Set ROI Y2 value KO"},
+    {"camera.configureContrastType", "Configure contrast type KO"},
+    {"camera.setColorLut", "Set COLOR LUT value KO"},
+    {"camera.setClhe", "Set CLHE value KO"},
+    {"camera.setLutTemporalFilter", "Set LUT TEMPORAL FILTER value KO"},
+    {"camera.setAhcGainsLimitation", "Set AHC GAINS LIMITATION values KO"},
+    {"camera.configureZoomResolution", "Configure ZOOM RESOLUTION KO"},
+    {"camera.configureZoom", "Configure Zoom KO"},
+    {"camera.setHorizontalFlip", "Set HORIZONTAL FLIP value KO"},
+    {"camera.configureEdgeCorrection", "Configure EDGE CORRECTION KO"},
+};
+
+/// The sequence with the line after each call of the operation turned into its refusal.
+QStringList with(const Refusal& refusal, QStringList sequence)
+{
+    const QString call = QLatin1String(refusal.operation) + QLatin1Char('(');
+    for (int index = 0; index < sequence.size(); ++index) {
+        if (sequence[index].startsWith(call)) {
+            sequence[index + 1] = QStringLiteral("log 2: ") + QLatin1String(refusal.ko);
+        }
+    }
+    return sequence;
+}
+
+/// A refused frame rate is asked for again by the apply, which takes the test pattern's mark away.
+QStringList withRefusedFrameRate(QStringList sequence)
+{
+    sequence = with({"camera.setFrameRate", "Set FRAME RATE value KO"}, sequence);
+    const int inApply = sequence.lastIndexOf(QStringLiteral("camera.getFrameRate()"));
+    sequence.insert(inApply + 1, QStringLiteral("camera.setFrameRate(50)"));
+    sequence.insert(inApply + 2, QStringLiteral("log 2: Set FRAME RATE value KO"));
+    sequence.replaceInStrings(QStringLiteral("camera.setTestPattern(true)"),
+                              QStringLiteral("camera.setTestPattern(false)"));
+    return sequence;
+}
+
+/// Connects with the monitoring off, so that no tick falls among the calls.
+void connectCamera(kit::Operator& user)
+{
+    user.connectCamera();
+    user.window().findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly)->stop();
+    user.rest();
+}
+
+/// Calls and log records in their order. How often the root object is fetched does not matter.
+QStringList journal(kit::Operator& user)
+{
+    QStringList lines;
+    for (const recording::Entry& entry : user.sdk.entries()) {
+        if (entry.operation != "OmbrixSdk.get_instance") {
+            lines.append(QString::fromStdString(entry.text()));
+        }
+    }
+    return lines;
+}
+
+/// What the log pane must show after the sequence.
+QStringList linesOf(const QStringList& sequence)
+{
+    const auto mark = QStringLiteral("log 2: ");
+    QStringList lines;
+    for (const QString& entry : sequence) {
+        if (entry.startsWith(mark)) {
+            lines.append(entry.mid(mark.size()));
+        }
+    }
+    return lines;
+}
+
+/// Nothing is lost by a refusal: the widgets show the defaults all the same.
+void compareWidgetsWithOtherDefaults(kit::Operator& user)
+{
+    const QStringList shown = {user.text("frameRateCB"),         user.text("VideoOutputCB"),
+                               user.text("contrastTypeEdit"),    user.text("lutColorEdit"),
+                               user.text("EdgeCorrectionCB"),    user.text("methodZoomEdit"),
+                               user.text("factorZoomEdit"),      user.text("xCenterZoomEdit"),
+                               user.text("yCenterZoomEdit"),     user.text("xResolutionZoomEdit"),
+                               user.text("yResolutionZoomEdit"), user.text("sharpeningGainEdit"),
+                               user.text("SharpeningTHEdit"),    user.text("TempoFilterSpin"),
+                               user.text("AhcBlackGainLimSpin"), user.text("AhcWhiteGainLimSpin"),
+                               user.text("gammaEdit"),           user.text("clheEdit"),
+                               user.text("Roi0IncX1"),           user.text("Roi1ExcY2")};
+    QCOMPARE(shown, kit::lines({"50Hz",     "BT656", "CLHE (ROI)", "RAINBOW", "Contouring",
+                                "Bilinear", "2.500", "111",        "222",     "640",
+                                "480",      "33.0",  "44.0",       "7",       "55",
+                                "66",       "2.2",   "4321",       "50",      "144"}));
+    for (const char* const button :
+         {"VignettingCorrectionButton", "ColumnCorrectionButton", "sdiOutputButton",
+          "parallelOutputButton", "mipiOutputButton", "polarityButton", "horizontalFlipButton"}) {
+        QVERIFY2(user.checked(button), button);
+    }
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(const Refusal*)
+
+class TestResetSequence : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aResetToWhatTheCameraHasSendsEveryValueOnce()
+    {
+        kit::Operator user;
+        makeDefaultsEqual(user.sdk);
+        connectCamera(user);
+        user.click("resetParamButtonUser");
+        QCOMPARE(journal(user), resetToEqualDefaults);
+        QCOMPARE(user.newLog(), linesOf(resetToEqualDefaults));
+    }
+
+    void anApplyByNameReadsNoDefaults()
+    {
+        kit::Operator user;
+        makeDefaultsEqual(user.sdk);
+        connectCamera(user);
+        QVERIFY(QMetaObject::invokeMethod(&user.window(), "ApplyParamsUser"));
+        QCOMPARE(journal(user), applyOfEqualDefaults);
+        QCOMPARE(user.newLog(), linesOf(applyOfEqualDefaults));
+    }
+
+    void aResetThatChangesEverythingSendsTheListsTwice()
+    {
+        kit::Operator user;
+        makeDefaultsDiffer(user.sdk);
+        connectCamera(user);
+        user.click("resetParamButtonUser");
+        QCOMPARE(journal(user), resetToOtherDefaults);
+        QCOMPARE(user.newLog(), linesOf(resetToOtherDefaults));
+        compareWidgetsWithOtherDefaults(user);
+    }
+
+    void oneRefusedCommandChangesNothingButItsOwnLine_data()
+    {
+        QTest::addColumn<const Refusal*>("refusal");
+        for (const Refusal& refusal : refusals) {
+            QTest::newRow(refusal.operation) << &refusal;
+        }
+    }
+
+    void oneRefusedCommandChangesNothingButItsOwnLine()
+    {
+        QFETCH(const Refusal*, refusal);
+        kit::Operator user;
+        makeDefaultsDiffer(user.sdk);
+        connectCamera(user);
+        user.sdk.answer(refusal->operation, 0);
+        user.click("resetParamButtonUser");
+        const QStringList expected = with(*refusal, resetToOtherDefaults);
+        QVERIFY(expected != resetToOtherDefaults);
+        QCOMPARE(journal(user), expected);
+        QCOMPARE(user.newLog(), linesOf(expected));
+        compareWidgetsWithOtherDefaults(user);
+    }
+
+    void aRefusedFrameRateIsAskedForAgainAndEndsTheTestPattern()
+    {
+        kit::Operator user;
+        makeDefaultsDiffer(user.sdk);
+        connectCamera(user);
+        user.sdk.answer("camera.setFrameRate", 0);
+        user.click("resetParamButtonUser");
+        QCOMPARE(journal(user), withRefusedFrameRate(resetToOtherDefaults));
+        compareWidgetsWithOtherDefaults(user);
+    }
+
+    void aCameraThatRefusesEverythingIsStillAskedForAllAndTheSdkStillSaves()
+    {
+        kit::Operator user;
+        makeDefaultsDiffer(user.sdk);
+        connectCamera(user);
+        user.sdk.answerEveryCommand(0);
+        user.click("resetParamButtonUser");
+        QStringList expected = withRefusedFrameRate(resetToOtherDefaults);
+        for (const Refusal& refusal : refusals) {
+            expected = with(refusal, expected);
+        }
+        QCOMPARE(expected.filter(QStringLiteral(" OK")), QStringList());
+        QCOMPARE(journal(user), expected);
+        QCOMPARE(user.newLog(), linesOf(expected));
+        QCOMPARE(user.sdk.count("sdk.saveConfiguration"), 1);
+        compareWidgetsWithOtherDefaults(user);
+    }
+};
+
+TAVREL_TEST_MAIN(TestResetSequence)
+#include "tst_reset_sequence.moc"
