@@ -38,7 +38,7 @@ void MainWindow::readBprTable()
     if (status != 0) {
         region.reset();
         QMessageBox::about(
-            this, tr("BP table"),
+            this, tr("BPR table"),
             QStringLiteral("BPR table not read correctly (error code = %1)").arg(status));
         return;
     }
@@ -48,7 +48,7 @@ void MainWindow::readBprTable()
     }
     region.reset();
     if (table.count > bpr::badPixelLimit) {
-        QMessageBox::about(this, tr("BP table"), tr("Too many bad pixels found"));
+        QMessageBox::about(this, tr("BPR table"), tr("Too many bad pixels found"));
         return;
     }
 
