@@ -60,6 +60,22 @@ constexpr Toggle toggles[] = {
      "camera.setNucControl(2)", "camera.setNucControl(0)",
      "NUC: Activated", "NUC: Deactivated",
      "Set NUC control OK", "Set NUC control value KO", &State::nucControl},
+    {"enableBprPB", "camera.setBprCorrection",
+     "camera.setBprCorrection(true)", "camera.setBprCorrection(false)",
+     "BPR Correction: Activated", "BPR Correction: Deactivated",
+     "Set BPR correction value OK", "Set BPR correction value KO", &State::bprCorrection},
+    {"enableOffsetPB", "camera.setOffsetCorrection",
+     "camera.setOffsetCorrection(true)", "camera.setOffsetCorrection(false)",
+     "Offset Correction: Activated", "Offset Correction: Deactivated",
+     "Set Offset correction value OK", "Set Offset correction value KO", &State::offsetCorrection},
+    {"enableGainPB", "camera.setGainCorrection",
+     "camera.setGainCorrection(true)", "camera.setGainCorrection(false)",
+     "Gain Correction: Activated", "Gain Correction: Deactivated",
+     "Set Gain correction value OK", "Set Gain correction value KO", &State::gainCorrection},
+    {"verticalFlipButton", "camera.setVerticalFlip",
+     "camera.setVerticalFlip(true)", "camera.setVerticalFlip(false)",
+     "Vertical flip: Activated", "Vertical flip: Deactivated",
+     "Set VERTICAL FLIP value OK", "Set VERTICAL FLIP value KO", &State::verticalFlip},
 };
 // clang-format on
 
@@ -82,6 +98,7 @@ void everyToggleBothWays()
 /// A connected camera whose feature stands opposite to what the next click asks for.
 void connectBefore(kit::Operator& user, const Toggle& toggle, bool on)
 {
+    user.sdk.configuration.expertMode = 1;
     user.sdk.camera.*toggle.state = on ? 0 : 1;
     user.connectCamera();
 }
@@ -137,6 +154,7 @@ private Q_SLOTS:
         user.sdk.answer(toggle->operation, 0);
         user.click(toggle->button);
         user.click("readParamButtonUser");
+        user.click("readParamButtonExpert");
         QCOMPARE(user.checked(toggle->button), !on);
         QCOMPARE(user.text(toggle->button),
                  QLatin1String(on ? toggle->captionOff : toggle->captionOn));
@@ -284,6 +302,7 @@ private Q_SLOTS:
     {
         QFETCH(const Toggle*, toggle);
         kit::Operator user;
+        user.sdk.configuration.expertMode = 1;
         user.find<QTabWidget>("tabWidget").setEnabled(true);
         user.forget();
         user.click(toggle->button);
@@ -295,6 +314,7 @@ private:
     /// A camera whose read failed: it is there, but the window still shows the form's own texts.
     static void openTabsBeforeAnyRead(kit::Operator& user)
     {
+        user.sdk.configuration.expertMode = 2; // the tab is there, but not read
         user.sdk.camera.versions = 0;
         user.ports.plug(QStringLiteral("ttyUSB0"));
         user.click("scanDeviceButton");
