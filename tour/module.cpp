@@ -18,7 +18,7 @@ constexpr void (*chapters[])(tour::Operator&) = {
     tour::connectCamera,   tour::lookAtTabs,         tour::changeImageProcessing,
     tour::changeLut,       tour::changeZoomAndEdge,  tour::readAndReset,
     tour::changeBadPixels, tour::changeExpertValues, tour::moveBaudRate,
-    tour::unplugAndEnd,
+    tour::meetRefusals,    tour::unplugAndEnd,
 };
 
 std::thread operatorThread;

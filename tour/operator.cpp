@@ -83,10 +83,15 @@ void Operator::tidyUp()
     }
 }
 
+void Operator::mark(QPoint position)
+{
+    clicks.append({position, report.step().actions.size()});
+    pictureIsCurrent = false;
+}
+
 void Operator::clickAt(QPoint position)
 {
-    clicks.append(position);
-    pictureIsCurrent = false;
+    mark(position);
     xServer.movePointer(position);
     xServer.pressButton();
     xServer.releaseButton();
@@ -147,24 +152,37 @@ void Operator::type(const Text& name, const Text& text)
 void Operator::openList(const Text& combo)
 {
     waitForWindow();
+    tell(QStringLiteral("Open the list ") + combo);
+    open(combo);
+}
+
+void Operator::take(const Text& combo, const Text& entry)
+{
+    tell(QStringLiteral("Take ") + quoted(entry));
+    pick(combo, entry);
+}
+
+void Operator::choose(const Text& combo, const Text& entry)
+{
+    waitForWindow();
+    tell(QStringLiteral("Choose %1 in %2").arg(quoted(entry), combo));
+    open(combo);
+    pick(combo, entry);
+}
+
+void Operator::open(const QString& combo)
+{
     clickAt(inGui([&] { return sight::place(combo); }));
     expect(combo + QStringLiteral(" is open"),
            [&] { return !sight::entryPlace(combo, sight::text(combo)).isNull(); });
 }
 
-void Operator::take(const Text& combo, const Text& entry)
+void Operator::pick(const QString& combo, const QString& entry)
 {
-    tell(QStringLiteral("Choose %1 in %2").arg(quoted(entry), combo));
     clickAt(inGui([&] { return sight::entryPlace(combo, entry); }));
     expect(QStringLiteral("%1 takes %2").arg(combo, entry), [&] {
         return sight::text(combo) == entry && QApplication::activePopupWidget() == nullptr;
     });
-}
-
-void Operator::choose(const Text& combo, const Text& entry)
-{
-    openList(combo);
-    take(combo, entry);
 }
 
 int Operator::drag(const Text& slider, int value)
@@ -175,9 +193,8 @@ int Operator::drag(const Text& slider, int value)
         const int now = sight::find<QSlider>(slider).value();
         return std::pair(sight::handlePlace(slider, now), sight::handlePlace(slider, value));
     });
-    clicks.append(from);
-    clicks.append(to);
-    pictureIsCurrent = false;
+    mark(from);
+    mark(to);
     xServer.movePointer(from);
     xServer.pressButton();
     xServer.movePointer((from + to) / 2);
@@ -378,11 +395,10 @@ void Operator::picture(const Text& caption, const Text& name)
         return areaBefore == area && before == image;
     });
     const QPoint corner = area.intersected(QRect(QPoint(), xServer.size())).topLeft();
-    QVector<QPoint> marks;
-    for (const QPoint click : std::exchange(clicks, {})) {
-        marks.append(click - corner);
+    for (Click& click : clicks) {
+        click.place -= corner;
     }
-    report.addPicture(image, caption, marks, name);
+    report.addPicture(image, caption, std::exchange(clicks, {}), name);
     pictureIsCurrent = true;
 }
 

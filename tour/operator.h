@@ -83,6 +83,9 @@ public:
 
 private:
     void clickAt(QPoint position);
+    void mark(QPoint position);
+    void open(const QString& combo);
+    void pick(const QString& combo, const QString& entry);
     void waitForWindow();
     void waitFor(const QString& what, const std::function<bool()>& condition,
                  std::chrono::milliseconds patience = std::chrono::seconds(5));
@@ -93,10 +96,10 @@ private:
 
     Report& report;
     XServer xServer;
-    QVector<QPoint> clicks; ///< since the last picture, on the screen
-    int logSeen = 0;        ///< lines of the pane that the report has
-    int logExpected = 0;    ///< lines of the step that were expected so far
-    QStringList refusals;   ///< lines ending in KO that were expected
+    QVector<Click> clicks; ///< since the last picture, on the screen
+    int logSeen = 0;       ///< lines of the pane that the report has
+    int logExpected = 0;   ///< lines of the step that were expected so far
+    QStringList refusals;  ///< lines ending in KO that were expected
     bool pictureIsCurrent = false;
 };
 

@@ -124,9 +124,8 @@ private:
         out << "<section id=\"step-" << number << '"'
             << (step.failure.isEmpty() ? "" : " class=\"failed\"") << ">\n<h3><span>" << number
             << "</span>" << step.title.toHtmlEscaped() << "</h3>\n<div class=\"sides\">\n<div>\n";
-        int clicks = 0;
         for (const Picture& picture : step.pictures) {
-            writePicture(picture, &clicks);
+            writePicture(picture);
         }
         out << "</div>\n<div>\n";
         if (!step.failure.isEmpty()) {
@@ -157,16 +156,16 @@ private:
         out << "</div>\n</div>\n</section>\n";
     }
 
-    void writePicture(const Picture& picture, int* clicks)
+    void writePicture(const Picture& picture)
     {
         const QByteArray content = contentOf(report.path(picture.file)).toBase64();
         out << "<figure>\n<div class=\"picture\"><img alt=\"" << picture.file << "\" width=\""
             << picture.size.width() << "\" height=\"" << picture.size.height()
             << "\" src=\"data:image/png;base64," << content << "\">";
-        for (const QPoint click : picture.clicks) {
-            out << "<i data-number=\"" << ++*clicks
-                << "\" style=\"left:" << percent(click.x(), picture.size.width())
-                << ";top:" << percent(click.y(), picture.size.height()) << "\"></i>";
+        for (const Click& click : picture.clicks) {
+            out << "<i data-number=\"" << click.action
+                << "\" style=\"left:" << percent(click.place.x(), picture.size.width())
+                << ";top:" << percent(click.place.y(), picture.size.height()) << "\"></i>";
         }
         out << "</div>\n";
         if (!picture.caption.isEmpty()) {

@@ -1,5 +1,6 @@
 #include "tour/report.h"
 
+#include "tour/palette.h"
 #include "tour/sight.h"
 
 #include <QtCore/QFile>
@@ -69,21 +70,19 @@ void Report::collectCalls()
     step().calls = calls.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
-void Report::addPicture(const QImage& image, const QString& caption, const QVector<QPoint>& clicks,
+void Report::addPicture(const QImage& image, const QString& caption, const QVector<Click>& clicks,
                         const QString& name)
 {
     QString file = name;
     if (file.isEmpty()) {
-        file = QStringLiteral("%1-%2")
+        file = QStringLiteral("%1-%2-%3")
                    .arg(steps.size(), 2, 10, QLatin1Char('0'))
+                   .arg(step().pictures.size() + 1)
                    .arg(fileName(step().title));
-        if (const std::size_t earlier = step().pictures.size(); earlier > 0) {
-            file += QStringLiteral("-%1").arg(earlier + 1);
-        }
     }
     file += QStringLiteral(".png");
     constexpr int smallest = 0; // of the file, not of its quality: PNG loses nothing
-    if (!image.save(path(file), "PNG", smallest)) {
+    if (!withPalette(image).save(path(file), "PNG", smallest)) {
         throw Failure(QStringLiteral("%1 cannot be written").arg(file));
     }
     step().pictures.push_back({file, caption, image.size(), clicks});

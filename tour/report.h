@@ -3,6 +3,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QPoint>
+#include <QtCore/QSize>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 #include <QtCore/QVector>
@@ -12,11 +13,17 @@
 
 namespace tour {
 
+/// A place that the pointer clicked.
+struct Click {
+    QPoint place;
+    int action; ///< of the step's actions, counted from 1
+};
+
 struct Picture {
     QString file;
     QString caption;
     QSize size;
-    QVector<QPoint> clicks; ///< where the pointer clicked for it, in the picture
+    QVector<Click> clicks; ///< places in the picture
 };
 
 struct Step {
@@ -42,7 +49,7 @@ public:
 
     /// Saves a picture of the step. name: of the file, without its suffix; empty: made of the
     /// step's number and title.
-    void addPicture(const QImage& image, const QString& caption, const QVector<QPoint>& clicks,
+    void addPicture(const QImage& image, const QString& caption, const QVector<Click>& clicks,
                     const QString& name = {});
 
     [[nodiscard]] const std::vector<Step>& allSteps() const { return steps; }
