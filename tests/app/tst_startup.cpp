@@ -64,6 +64,15 @@ public:
         environment.insert(QStringLiteral("TAVREL_RECORDING_JOURNAL"), journal);
     }
 
+    /// Has the recording SDK read its answers from a script.
+    void answerWith(const char* script)
+    {
+        QFile file(directory.filePath(QStringLiteral("script")));
+        file.open(QIODevice::WriteOnly);
+        file.write(script);
+        environment.insert(QStringLiteral("TAVREL_RECORDING_SCRIPT"), file.fileName());
+    }
+
     /// Starts the program and waits until the window has been constructed.
     bool start()
     {
@@ -76,6 +85,9 @@ public:
     /// Everything written to standard output so far.
     QStringList output()
     {
+        // What was written before the window stood is in the pipe by now.
+        while (process.waitForReadyRead(0)) {
+        }
         written += process.readAllStandardOutput();
         return toLines(written);
     }
@@ -158,16 +170,10 @@ private Q_SLOTS:
     void theScriptSteersTheAnswers()
     {
         Program program;
-        QFile script(program.directory.filePath(QStringLiteral("script")));
-        QVERIFY(script.open(QIODevice::WriteOnly));
-        script.write("# the other rate of the list\nconfig.getDefaultBaudRate 9600\n");
-        script.close();
-        qputenv("TAVREL_RECORDING_SCRIPT", script.fileName().toLocal8Bit());
-        Program scripted;
-        qunsetenv("TAVREL_RECORDING_SCRIPT");
-        scripted.recordTo(QStringLiteral("/dev/stdout"));
-        QVERIFY(scripted.start());
-        QVERIFY(scripted.output().contains(QStringLiteral("config.setBaudRate(9600)")));
+        program.recordTo(QStringLiteral("/dev/stdout"));
+        program.answerWith("# the other rate of the list\nconfig.getDefaultBaudRate 9600\n");
+        QVERIFY(program.start());
+        QVERIFY(program.output().contains(QStringLiteral("config.setBaudRate(9600)")));
     }
 
     void theProgramTakesTheLibraryOfItsOwnInstallation()
