@@ -110,6 +110,17 @@ void Configuration::load(const ConfigurationValues& values)
     }
 }
 
+ConfigurationValues Configuration::values() const
+{
+    ConfigurationValues current;
+    current.settings = settings;
+    current.communicationType = communicationType;
+    for (std::size_t row = 0; row < memberCount; ++row) {
+        current.members[row] = this->*memberRows[row].member;
+    }
+    return current;
+}
+
 const char* Configuration::getCommunicationType()
 {
     const Verdict verdict = Simulator::instance().judge(Operation::GetCommunicationType);

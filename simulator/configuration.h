@@ -99,7 +99,7 @@ public:
     [[nodiscard]] ConfigurationValues values() const;
     [[nodiscard]] std::uint32_t linkBaudRate() const
     {
-        return as<std::uint32_t>(at(Setting::BaudRate));
+        return static_cast<std::uint32_t>(get<std::int32_t>(Setting::BaudRate));
     }
 
     std::int32_t getDefaultBaudRate() override { return get<std::int32_t>(Setting::BaudRate); }
