@@ -1,6 +1,7 @@
 // The About dialog.
 #include "app/version.h"
 #include "formtable.h"
+#include "revealingstyle.h"
 #include "tests/kit/operator.h"
 #include "translations.h"
 #include "ui/dialog.h"
@@ -18,21 +19,22 @@ QString shownBy(const Dialog& dialog, const char* label)
     return dialog.findChild<QLabel*>(QLatin1String(label))->text();
 }
 
-/// The form as the designer left it; the dialog itself replaces two of the texts.
+/// The form as the designer left it, its spacing that of the style; the dialog itself replaces two
+/// of the texts.
 FormSection formTable()
 {
     using namespace setting;
     constexpr auto Fixed = QSizePolicy::Fixed;
     return {"verticalLayoutWidget",
             R"(
-verticalLayout QVBoxLayout 6
-  horizontalLayout_3 QHBoxLayout 6
+verticalLayout QVBoxLayout 17
+  horizontalLayout_3 QHBoxLayout 17
     label_4
     NomProduit
-  horizontalLayout_2 QHBoxLayout 6
+  horizontalLayout_2 QHBoxLayout 17
     label_2
     VersionProduit
-  horizontalLayout_4 QHBoxLayout 6
+  horizontalLayout_4 QHBoxLayout 17
     label_3
 )",
             {
@@ -50,6 +52,7 @@ class TestAboutDialog : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { RevealingStyle::install(); }
     void init() { warnings = std::make_unique<kit::Warnings>(); }
     void cleanup()
     {

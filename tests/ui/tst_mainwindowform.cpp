@@ -1,6 +1,7 @@
 // The form of the main window, alone: every widget, layout and text against the tables, and what
 // an operator can type into its fields.
 #include "mainwindow_table.h"
+#include "revealingstyle.h"
 #include "tests/kit/operator.h"
 #include "translations.h"
 #include "ui_mainwindow.h"
@@ -73,6 +74,7 @@ class TestMainWindowForm : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { RevealingStyle::install(); }
     void init() { warnings = std::make_unique<kit::Warnings>(); }
     void cleanup()
     {
