@@ -52,8 +52,12 @@ bool copyFile(const std::string& source, const std::string& destination)
     if (!openForReplacement(to)) {
         return false;
     }
-    to.write(from.readAll());
-    to.commit();
+    const QByteArray content = from.readAll();
+    // What could only be read in part must not take the place of a whole file.
+    if (from.error() == QFileDevice::NoError) {
+        to.write(content);
+        to.commit();
+    }
     return true;
 }
 
