@@ -83,7 +83,7 @@ std::uint64_t nearestGood(const BadPixelMap& map, int x, int y)
             return found;
         }
     }
-    return singleReplacement; // every pixel is bad: it stays as it is
+    return singleReplacement; // there is no good pixel: it stays as it is
 }
 
 std::uint64_t replacementOf(const BadPixelMap& map, int x, int y)
@@ -250,13 +250,14 @@ bool treatMapFile(const QString& path, int height, int width, std::vector<Replac
     if (!map) {
         return false;
     }
-    list = treat(*map);
-    if (list.size() > badPixelLimit) {
+    if (const int count = map->count(); count > badPixelLimit) {
+        list.resize(static_cast<std::size_t>(count));
         *reason = QStringLiteral("it holds %1 bad pixels, and %2 are the most")
-                      .arg(list.size())
+                      .arg(count)
                       .arg(badPixelLimit);
         return false;
     }
+    list = treat(*map);
     return writeFile(tableFile, encodeTable(list), reason);
 }
 

@@ -49,7 +49,8 @@ std::vector<int> pixelsAt(std::uint32_t x, std::uint32_t y);
 bool declareBadPixels(const QString& path, std::uint32_t x, std::uint32_t y, QString* reason);
 bool undeclareBadPixels(const QString& path, std::uint32_t x, std::uint32_t y, QString* reason);
 
-/// One entry per bad pixel, by ascending index. An entry is a table record:
+/// One entry per bad pixel, by ascending index, of a map of at most badPixelLimit bad pixels. An
+/// entry is a table record:
 ///
 ///   bits 43 to 63  index of the bad pixel, y * 640 + x
 ///   bits 25 to 42  0
@@ -58,9 +59,9 @@ bool undeclareBadPixels(const QString& path, std::uint32_t x, std::uint32_t y, Q
 ///                  the 5 x 5 square around it, line by line from the upper left, the pixel itself
 ///                  left out. They are the good ones of the eight next to it or, when there is
 ///                  none, of the sixteen around those.
-///                  bit 24 is 1: the square holds no good pixel. The nearest good one replaces the
-///                  pixel: bits 0 to 11 hold its distance in x, bits 12 to 23 in y, both as twelve
-///                  bits of two's complement.
+///                  bit 24 is 1: the square holds no good pixel. A good one on the nearest ring
+///                  that has one replaces the pixel: bits 0 to 11 hold its distance in x, bits 12
+///                  to 23 in y, both as twelve bits of two's complement.
 std::vector<ombrix_sdk::ReplacementEntry> treat(const BadPixelMap& map);
 
 /// The entries in camera format, in such a way that every reader comes to an end: a reader takes
