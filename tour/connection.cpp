@@ -41,9 +41,7 @@ void connectCamera(Operator& user)
         user.click("scanDeviceButton");
         user.expectText("selectDeviceComboBox", "ttyUSB0");
         user.expectEnabled("connectDeviceButton", true);
-        user.openList("selectDeviceComboBox");
-        user.picture("The ports that the system lists");
-        user.take("selectDeviceComboBox", "ttyUSB1");
+        user.chooseInPicture("selectDeviceComboBox", "ttyUSB1", "The ports that the system lists");
     });
 
     user.step("Connect to a port without a camera", [&] {

@@ -36,9 +36,7 @@ void changeImageProcessing(Operator& user)
     });
 
     user.step("Choose the video output", [&] {
-        user.openList("VideoOutputCB");
-        user.picture("The nine outputs");
-        user.take("VideoOutputCB", "LUT CORRECTION");
+        user.chooseInPicture("VideoOutputCB", "LUT CORRECTION", "The nine outputs");
         user.expectLog({"Set VIDEO OUTPUT value OK"});
     });
 

@@ -61,9 +61,7 @@ void changeLut(Operator& user)
     user.step("Choose method and colours", [&] {
         user.choose("contrastTypeEdit", "CLAHE (Local)");
         user.expectLog({"Configure contrast type OK"});
-        user.openList("lutColorEdit");
-        user.picture("The colour tables");
-        user.take("lutColorEdit", "IRON");
+        user.chooseInPicture("lutColorEdit", "IRON", "The colour tables");
         user.expectLog({"Set COLOR LUT value OK"});
     });
 

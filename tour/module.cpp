@@ -13,6 +13,7 @@ namespace {
 
 constexpr char folderVariable[] = "TAVREL_TOUR";
 constexpr char ownScreenVariable[] = "TAVREL_TOUR_OWN_SCREEN";
+constexpr char paceVariable[] = "TAVREL_TOUR_PACE";
 
 constexpr void (*chapters[])(tour::Operator&) = {
     tour::connectCamera,   tour::lookAtTabs,         tour::changeImageProcessing,
@@ -28,16 +29,21 @@ void takeTheTour(const QString& folder)
 {
     try {
         tour::Report report(folder);
-        tour::Operator user(report, qEnvironmentVariableIsSet(ownScreenVariable));
+        tour::Operator user(report, qEnvironmentVariableIsSet(ownScreenVariable),
+                            std::chrono::milliseconds(qEnvironmentVariableIntValue(paceVariable)));
         for (const auto chapter : chapters) {
             chapter(user);
+            // What comes after a failure mostly shows what follows from it.
+            if (report.failures() > 0) {
+                break;
+            }
         }
         tour::writePage(report);
         if (report.failures() == 0) {
             user.closeMainWindow();
             return;
         }
-        std::cout << report.failures() << " steps failed" << std::endl;
+        std::cout << "The tour ends here, because a step failed." << std::endl;
     } catch (const std::exception& problem) {
         std::cout << "The tour cannot go on: " << problem.what() << std::endl;
     }

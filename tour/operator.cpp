@@ -34,7 +34,8 @@ QString quoted(const QString& text)
 
 } // namespace
 
-Operator::Operator(Report& itsReport, bool ownScreen) : report(itsReport)
+Operator::Operator(Report& itsReport, bool ownScreen, milliseconds itsPace)
+    : report(itsReport), pace(itsPace)
 {
     if (ownScreen) {
         xServer.paintBackground(background);
@@ -83,18 +84,34 @@ void Operator::tidyUp()
     }
 }
 
+void Operator::movePointer(QPoint position)
+{
+    constexpr int steps = 25;
+    for (int step = 1; step < steps && pace > milliseconds::zero(); ++step) {
+        xServer.movePointer(pointer + (position - pointer) * step / steps);
+        std::this_thread::sleep_for(pace / steps);
+    }
+    xServer.movePointer(position);
+    pointer = position;
+}
+
+void Operator::press(QPoint position)
+{
+    pictureIsCurrent = false;
+    movePointer(position);
+    xServer.pressButton();
+    xServer.releaseButton();
+}
+
 void Operator::mark(QPoint position)
 {
     clicks.append({position, report.step().actions.size()});
-    pictureIsCurrent = false;
 }
 
-void Operator::clickAt(QPoint position)
+void Operator::markAndPress(QPoint position)
 {
     mark(position);
-    xServer.movePointer(position);
-    xServer.pressButton();
-    xServer.releaseButton();
+    press(position);
 }
 
 void Operator::waitForWindow()
@@ -108,21 +125,21 @@ void Operator::waitForWindow()
 
 void Operator::park()
 {
-    xServer.movePointer(QPoint(xServer.size().width() - 1, xServer.size().height() - 1));
+    movePointer(QPoint(xServer.size().width() - 1, xServer.size().height() - 1));
 }
 
 void Operator::click(const Text& name)
 {
     waitForWindow();
     tell(QStringLiteral("Click ") + inGui([&] { return sight::callName(name); }));
-    clickAt(inGui([&] { return sight::place(name); }));
+    markAndPress(inGui([&] { return sight::place(name); }));
 }
 
 void Operator::showTab(const Text& title)
 {
     waitForWindow();
     tell(QStringLiteral("Open the tab ") + quoted(title));
-    clickAt(inGui([&] { return sight::tabPlace(title); }));
+    markAndPress(inGui([&] { return sight::tabPlace(title); }));
     expect(QStringLiteral("the tab %1 is in front").arg(title), [&] {
         const auto& tabs = sight::find<QTabWidget>(QStringLiteral("tabWidget"));
         return tabs.tabText(tabs.currentIndex()) == title;
@@ -133,7 +150,7 @@ void Operator::type(const Text& name, const Text& text)
 {
     waitForWindow();
     tell(QStringLiteral("Type %1 into %2").arg(text, name));
-    clickAt(inGui([&] { return sight::place(name); }));
+    markAndPress(inGui([&] { return sight::place(name); }));
     const auto hasFocus = [&] {
         return sight::widget(name).hasFocus();
     };
@@ -149,19 +166,6 @@ void Operator::type(const Text& name, const Text& text)
            [&] { return !hasFocus() || sight::openDialog() != nullptr; });
 }
 
-void Operator::openList(const Text& combo)
-{
-    waitForWindow();
-    tell(QStringLiteral("Open the list ") + combo);
-    open(combo);
-}
-
-void Operator::take(const Text& combo, const Text& entry)
-{
-    tell(QStringLiteral("Take ") + quoted(entry));
-    pick(combo, entry);
-}
-
 void Operator::choose(const Text& combo, const Text& entry)
 {
     waitForWindow();
@@ -170,16 +174,27 @@ void Operator::choose(const Text& combo, const Text& entry)
     pick(combo, entry);
 }
 
+void Operator::chooseInPicture(const Text& combo, const Text& entry, const Text& caption)
+{
+    waitForWindow();
+    tell(QStringLiteral("Open the list ") + combo);
+    open(combo);
+    tell(QStringLiteral("Choose ") + quoted(entry));
+    mark(inGui([&] { return sight::entryPlace(combo, entry); }));
+    picture(caption);
+    pick(combo, entry);
+}
+
 void Operator::open(const QString& combo)
 {
-    clickAt(inGui([&] { return sight::place(combo); }));
+    markAndPress(inGui([&] { return sight::place(combo); }));
     expect(combo + QStringLiteral(" is open"),
            [&] { return !sight::entryPlace(combo, sight::text(combo)).isNull(); });
 }
 
 void Operator::pick(const QString& combo, const QString& entry)
 {
-    clickAt(inGui([&] { return sight::entryPlace(combo, entry); }));
+    press(inGui([&] { return sight::entryPlace(combo, entry); }));
     expect(QStringLiteral("%1 takes %2").arg(combo, entry), [&] {
         return sight::text(combo) == entry && QApplication::activePopupWidget() == nullptr;
     });
@@ -195,10 +210,11 @@ int Operator::drag(const Text& slider, int value)
     });
     mark(from);
     mark(to);
-    xServer.movePointer(from);
+    pictureIsCurrent = false;
+    movePointer(from);
     xServer.pressButton();
-    xServer.movePointer((from + to) / 2);
-    xServer.movePointer(to);
+    movePointer((from + to) / 2);
+    movePointer(to);
     const auto isDown = [&] {
         return sight::find<QSlider>(slider).isSliderDown();
     };
@@ -216,7 +232,7 @@ void Operator::pointAt(const Text& name)
     waitForWindow();
     tell(QStringLiteral("Rest the pointer on ") + inGui([&] { return sight::callName(name); }));
     pictureIsCurrent = false;
-    xServer.movePointer(inGui([&] { return sight::place(name); }));
+    movePointer(inGui([&] { return sight::place(name); }));
 }
 
 void Operator::closeDialog()
@@ -250,17 +266,22 @@ void Operator::answerBox(const Text& title, const Text& text)
 {
     expect(QStringLiteral("the box “%1” / “%2” appears").arg(title, text), [&] {
         const auto* const box = qobject_cast<QMessageBox*>(sight::openDialog());
-        return box != nullptr && box->windowTitle() == title && box->text() == text;
+        return box != nullptr && box->isActiveWindow() && box->windowTitle() == title &&
+               box->text() == text;
     });
     const auto button = [] {
         const auto* const box = qobject_cast<QMessageBox*>(sight::openDialog());
         return box == nullptr ? nullptr : box->buttons().constFirst();
     };
-    picture(title.isEmpty() ? QStringLiteral("The box that it answers with")
-                            : QStringLiteral("The box %1").arg(quoted(title)));
     tell(QStringLiteral("Answer the box with ") +
          inGui([&] { return quoted(button()->text().remove(QLatin1Char('&'))); }));
-    clickAt(inGui([&] { return button()->mapToGlobal(button()->rect().center()); }));
+    // The window manager moves a new window to its place when it likes.
+    stillScreen();
+    const QPoint place = inGui([&] { return button()->mapToGlobal(button()->rect().center()); });
+    mark(place);
+    picture(title.isEmpty() ? QStringLiteral("The box that it answers with")
+                            : QStringLiteral("The box %1").arg(quoted(title)));
+    press(place);
     expect(QStringLiteral("the box is closed"), [] { return sight::openDialog() == nullptr; });
 }
 
@@ -379,13 +400,8 @@ void Operator::waitFor(const QString& what, const std::function<bool()>& conditi
     }
 }
 
-void Operator::picture(const Text& caption, const Text& name)
+std::pair<QImage, QRect> Operator::stillScreen()
 {
-    // What opens only under the pointer stays open.
-    if (!inGui(
-            [] { return QApplication::activePopupWidget() != nullptr || QToolTip::isVisible(); })) {
-        park();
-    }
     QRect area;
     QImage image;
     waitFor(QStringLiteral("the screen is still"), [&] {
@@ -394,6 +410,17 @@ void Operator::picture(const Text& caption, const Text& name)
         std::this_thread::sleep_for(stillness);
         return areaBefore == area && before == image;
     });
+    return {image, area};
+}
+
+void Operator::picture(const Text& caption, const Text& name)
+{
+    // What opens only under the pointer stays open.
+    if (!inGui(
+            [] { return QApplication::activePopupWidget() != nullptr || QToolTip::isVisible(); })) {
+        park();
+    }
+    const auto [image, area] = stillScreen();
     const QPoint corner = area.intersected(QRect(QPoint(), xServer.size())).topLeft();
     for (Click& click : clicks) {
         click.place -= corner;

@@ -12,6 +12,7 @@
 
 #include <chrono>
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace tour {
@@ -26,7 +27,8 @@ public:
 class Operator {
 public:
     /// ownScreen: nothing else is on the screen, so that it may be given a background.
-    Operator(Report& report, bool ownScreen);
+    /// pace: the time that the pointer takes from place to place, for a person to follow.
+    Operator(Report& report, bool ownScreen, std::chrono::milliseconds pace);
 
     /// The steps that follow belong to this chapter.
     void chapter(const Text& title) { report.beginChapter(title); }
@@ -41,10 +43,9 @@ public:
     void showTab(const Text& title);
     /// Replaces what a spin box holds and finishes with the Tab key.
     void type(const Text& name, const Text& text);
-    void openList(const Text& combo);
-    /// Takes an entry of an open combo box.
-    void take(const Text& combo, const Text& entry);
     void choose(const Text& combo, const Text& entry);
+    /// The same, with a picture of the open list.
+    void chooseInPicture(const Text& combo, const Text& entry, const Text& caption);
     /// Drags a slider's handle to the place of value and lets go; returns the value reached, which
     /// differs where a pixel is wider than a step.
     int drag(const Text& slider, int value);
@@ -82,20 +83,27 @@ public:
     void picture(const Text& caption, const Text& name = QString());
 
 private:
-    void clickAt(QPoint position);
+    void movePointer(QPoint position);
+    void press(QPoint position);
+    /// The place will be marked in the next picture, as one of the latest action.
     void mark(QPoint position);
+    void markAndPress(QPoint position);
     void open(const QString& combo);
     void pick(const QString& combo, const QString& entry);
     void waitForWindow();
     void waitFor(const QString& what, const std::function<bool()>& condition,
                  std::chrono::milliseconds patience = std::chrono::seconds(5));
     void park();
+    /// Waits until the screen shows the same for a while; returns what, and where.
+    std::pair<QImage, QRect> stillScreen();
     void collectLog();
     void expectLogLine(const QString& what, const std::function<bool(const QString&)>& isIt);
     void tidyUp();
 
     Report& report;
     XServer xServer;
+    std::chrono::milliseconds pace;
+    QPoint pointer;
     QVector<Click> clicks; ///< since the last picture, on the screen
     int logSeen = 0;       ///< lines of the pane that the report has
     int logExpected = 0;   ///< lines of the step that were expected so far

@@ -16,8 +16,13 @@ void meetRefusals(Operator& user)
         user.expectLog({"Set TEST PATTERN value KO"});
         user.expectChecked("TestPatternButton", true);
         user.expectText("TestPatternButton", "Test Pattern: Deactivated");
+    });
+
+    user.step("A refused frame rate takes the mark away all the same", [&] {
+        const Faults faults(QStringLiteral("refuse-everything"));
         user.choose("frameRateCB", "25Hz");
         user.expectLog({"Set FRAME RATE value KO"});
+        user.expectChecked("TestPatternButton", false);
     });
 
     user.step("A refused NUC is answered with a box", [&] {
@@ -32,7 +37,7 @@ void meetRefusals(Operator& user)
         user.click("readParamButtonUser");
         user.expectLog({"Start reading camera parameters", "Test pattern value = Disabled",
                         "End reading camera parameters"});
-        user.expectChecked("TestPatternButton", false);
+        user.expectText("frameRateCB", "60Hz");
     });
 
     user.step("The bad pixel table cannot be read", [&] {
