@@ -295,8 +295,10 @@ BadPixelMap factoryBadPixels(std::uint32_t serialNumber)
     constexpr int singlePixels = 31;
     BadPixelMap map;
     Random random(serialNumber);
-    while (map.count() < singlePixels) {
-        map.setBad(random.below(pixelCount), true);
+    for (int placed = 0; placed < singlePixels;) {
+        const int index = random.below(pixelCount);
+        placed += map.isBad(index) ? 0 : 1;
+        map.setBad(index, true);
     }
     const int pair = random.below(sensorHeight) * sensorWidth + random.below(sensorWidth - 1);
     map.setBad(pair, true);

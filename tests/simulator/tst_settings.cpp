@@ -1,0 +1,514 @@
+// The settings file: every key reaches the program, every mistake is told and harmless.
+#include "tests/simulator/keys.h"
+#include "tests/simulator/table.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
+#include <QtTest/QTest>
+
+using ombrix_sdk::ICamera;
+using scene::ini;
+using scene::Scene;
+
+namespace {
+
+QByteArray line(const char* section, const char* key, const QByteArray& value)
+{
+    return QByteArray("[") + section + "]\n" + key + '=' + value + '\n';
+}
+
+QString projectFile(const char* name)
+{
+    return QStringLiteral(TAVREL_SOURCE_DIR "/") + QLatin1String(name);
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+class TestSettings : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aKeyReachesTheProgram_data() { keyRows(); }
+
+    void aKeyReachesTheProgram()
+    {
+        QFETCH(QByteArray, section);
+        QFETCH(int, row);
+        const keys::Key key = keyOf(section, row);
+        Scene scene;
+        const QString builtIn = key.read(scene);
+        QVERIFY(builtIn != QLatin1String(key.seen));
+        scene.restart(line(section.constData(), key.name, key.text));
+        QCOMPARE(key.read(scene), QLatin1String(key.seen));
+        QCOMPARE(scene.newLog(), QStringList());
+    }
+
+    void aValueOfTheWrongKindIsToldAndTheBuiltInOneUsed_data() { keyRows(); }
+
+    void aValueOfTheWrongKindIsToldAndTheBuiltInOneUsed()
+    {
+        QFETCH(QByteArray, section);
+        QFETCH(int, row);
+        const keys::Key key = keyOf(section, row);
+        Scene scene;
+        const QString builtIn = key.read(scene);
+        scene.restart(line(section.constData(), key.name, "much"));
+        QCOMPARE(key.read(scene), builtIn);
+        const QStringList log = scene.newLog();
+        QCOMPARE(log.size(), 1);
+        const QString begin = QStringLiteral("problem  %1: [%2] %3: \"much\" is not ")
+                                  .arg(scene.path(QStringLiteral("simulator.ini")),
+                                       QLatin1String(section), QLatin1String(key.name));
+        QVERIFY2(log.at(0).startsWith(begin), qPrintable(log.at(0)));
+        QVERIFY2(log.at(0).endsWith(QStringLiteral(" is used")), qPrintable(log.at(0)));
+    }
+
+    void aNumberOutsideItsKindIsToldAndTheBuiltInOneUsed_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("byte too large")
+            << QByteArray("frameRate=256")
+            << QStringLiteral(
+                   "[camera] frameRate: \"256\" is not a whole number from 0 to 255; 60 is used");
+        QTest::newRow("byte negative")
+            << QByteArray("frameRate=-1")
+            << QStringLiteral(
+                   "[camera] frameRate: \"-1\" is not a whole number from 0 to 255; 60 is used");
+        QTest::newRow("not whole")
+            << QByteArray("frameRate=9.5")
+            << QStringLiteral(
+                   "[camera] frameRate: \"9.5\" is not a whole number from 0 to 255; 60 is used");
+        QTest::newRow("empty")
+            << QByteArray("frameRate=")
+            << QStringLiteral(
+                   "[camera] frameRate: \"\" is not a whole number from 0 to 255; 60 is used");
+        QTest::newRow("word too large")
+            << QByteArray("gsk=4294967296")
+            << QStringLiteral("[camera] gsk: \"4294967296\" is not a whole number from 0 to "
+                              "4294967295; 6 is used");
+        QTest::newRow("far too large")
+            << QByteArray("gsk=99999999999999999999999")
+            << QStringLiteral(
+                   "[camera] gsk: \"99999999999999999999999\" is not a whole number from 0 "
+                   "to 4294967295; 6 is used");
+        QTest::newRow("switch")
+            << QByteArray("mipi=256")
+            << QStringLiteral(
+                   "[camera] mipi: \"256\" is not true, false or a whole number from 0 to "
+                   "255; true is used");
+        QTest::newRow("version")
+            << QByteArray("fpgaVersion=1.16.0")
+            << QStringLiteral(
+                   "[camera] fpgaVersion: \"1.16.0\" is not a version such as 1.2.3, each "
+                   "part from 0 to 15; 2.0.7 is used");
+        QTest::newRow("version of two parts")
+            << QByteArray("fpgaVersion=1.2")
+            << QStringLiteral(
+                   "[camera] fpgaVersion: \"1.2\" is not a version such as 1.2.3, each part "
+                   "from 0 to 15; 2.0.7 is used");
+        QTest::newRow("fixed point")
+            << QByteArray("gamma=65536")
+            << QStringLiteral(
+                   "[camera] gamma: \"65536\" is not a number from 0 to 65535.99998; 1 is used");
+        QTest::newRow("no number at all")
+            << QByteArray("zoomFactor=nan")
+            << QStringLiteral("[camera] zoomFactor: \"nan\" is not a number; 1 is used");
+        QTest::newRow("infinite") << QByteArray("zoomFactor=inf")
+                                  << QStringLiteral(
+                                         "[camera] zoomFactor: \"inf\" is not a number; 1 is used");
+        QTest::newRow("beyond single precision")
+            << QByteArray("zoomFactor=1e39")
+            << QStringLiteral("[camera] zoomFactor: \"1e39\" is not a number; 1 is used");
+        QTest::newRow("a list")
+            << QByteArray("gsk=1,2")
+            << QStringLiteral(
+                   "[camera] gsk: \"1,2\" is not a whole number from 0 to 4294967295; 6 is used");
+    }
+
+    void aNumberOutsideItsKindIsToldAndTheBuiltInOneUsed()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(QString, message);
+        Scene scene("[camera]\n" + text + '\n');
+        scene.camera();
+        const QStringList log = scene.newLog();
+        QCOMPARE(log.size(), 1);
+        QVERIFY2(log.at(0).endsWith(QStringLiteral("simulator.ini: ") + message),
+                 qPrintable(log.at(0)));
+    }
+
+    void aKeyThatMeansNothingIsTold_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("in [simulator]")
+            << QByteArray("[simulator]\nspeed=1") << QStringLiteral("[simulator] speed");
+        QTest::newRow("in [configuration]") << QByteArray("[configuration]\ndefaultGamma=1")
+                                            << QStringLiteral("[configuration] defaultGamma");
+        QTest::newRow("of a camera")
+            << QByteArray("[camera]\ngama=1") << QStringLiteral("[camera] gama");
+        QTest::newRow("another section")
+            << QByteArray("[kamera]\ngamma=1") << QStringLiteral("[kamera] gamma");
+    }
+
+    void aKeyThatMeansNothingIsTold()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(QString, message);
+        Scene scene(text + '\n');
+        scene.camera();
+        const QStringList log = scene.newLog();
+        QCOMPARE(log.size(), 1);
+        QVERIFY2(log.at(0).endsWith(QStringLiteral("simulator.ini: ") + message +
+                                    QStringLiteral(": nothing is called so")),
+                 qPrintable(log.at(0)));
+    }
+
+    void aFileThatIsNoIniFileIsToldAndUsedAsFarAsItGoes()
+    {
+        Scene scene("[camera]\nthis is no line of an INI file\ngamma=2.2\n");
+        QCOMPARE(scene.camera().getGamma(), 144179U);
+        QCOMPARE(
+            scene.newLog(),
+            QStringList(QStringLiteral("problem  %1: a line is neither [section] nor key=value")
+                            .arg(scene.path(QStringLiteral("simulator.ini")))));
+    }
+
+    void aFileOfRubbishIsSurvived()
+    {
+        QByteArray rubbish;
+        for (int index = 0; index < 5000; ++index) {
+            rubbish.append(static_cast<char>(index * index * 31 + index));
+        }
+        Scene scene(rubbish);
+        QCOMPARE(scene.camera().getGamma(), 65536U);
+        QVERIFY(!scene.newLog().isEmpty());
+    }
+
+    void theVariableNamesAnotherFileThanTheOneInTheDirectory()
+    {
+        Scene scene("[camera]\ngsk=1\n");
+        scene.write(QStringLiteral("other.ini"), "[camera]\ngsk=2\n");
+        Scene::setVariable("TAVREL_SIMULATOR_SETTINGS", QStringLiteral("other.ini"));
+        scene.restart();
+        QCOMPARE(scene.camera().getGsk(), 2U);
+    }
+
+    void aFileThatIsNamedButMissingIsTold()
+    {
+        Scene scene;
+        Scene::setVariable("TAVREL_SIMULATOR_SETTINGS", scene.path(QStringLiteral("other.ini")));
+        scene.restart();
+        QCOMPARE(scene.camera().getGsk(), 6U);
+        QCOMPARE(
+            scene.newLog(),
+            QStringList(QStringLiteral("problem  %1: there is no such file, or it cannot be read")
+                            .arg(scene.path(QStringLiteral("other.ini")))));
+    }
+
+    void theLinkTypeIsATextOfItsOwn()
+    {
+        Scene scene;
+        QCOMPARE(scene.configuration().getCommunicationType(), "UART");
+        scene.restart("[configuration]\ncommunicationType=USB 3\n");
+        QCOMPARE(scene.configuration().getCommunicationType(), "USB 3");
+    }
+
+    // ---- several cameras
+
+    void eachCameraAnswersOnItsPorts()
+    {
+        Scene scene(ini({"[camera-a]", "ports=ttyUSB0, COM3", "serialNumber=1", "[camera-b]",
+                         "ports=ttyUSB1", "serialNumber=2"}));
+        QCOMPARE(scene.camera("ttyUSB0").getSerialNumber(), 1U);
+        QCOMPARE(scene.camera("COM3").getSerialNumber(), 1U);
+        QCOMPARE(scene.camera("ttyUSB1").getSerialNumber(), 2U);
+        QVERIFY(scene.open("ttyUSB2") == nullptr);
+        QVERIFY(scene.open("") == nullptr);
+    }
+
+    void aCameraForEveryPortLeavesThePortsOfOthersToThem()
+    {
+        Scene scene(ini({"[camera-a]", "ports=*", "serialNumber=1", "[camera-b]", "ports=ttyUSB1",
+                         "serialNumber=2"}));
+        QCOMPARE(scene.camera("ttyUSB0").getSerialNumber(), 1U);
+        QCOMPARE(scene.camera("ttyUSB1").getSerialNumber(), 2U);
+    }
+
+    void twoCamerasKeepTheirValuesApart()
+    {
+        Scene scene(ini({"[camera-a]", "ports=ttyUSB0", "serialNumber=1", "[camera-b]",
+                         "ports=ttyUSB1", "serialNumber=2"}));
+        ICamera& first = scene.camera("ttyUSB0");
+        ICamera& second = scene.camera("ttyUSB1");
+        first.setGsk(11);
+        QCOMPARE(second.getGsk(), 6U);
+        QCOMPARE(first.getGsk(), 11U);
+    }
+
+    void aSecondCameraWithTheSameSerialNumberIsLeftOut()
+    {
+        Scene scene(ini({"[camera-a]", "ports=ttyUSB0", "[camera-b]", "ports=ttyUSB1"}));
+        QVERIFY(scene.open("ttyUSB0") != nullptr);
+        QVERIFY(scene.open("ttyUSB1") == nullptr);
+        QVERIFY(scene.newLog().value(0).endsWith(QStringLiteral(
+            "[camera-b] serialNumber: another camera has the number 20417; this one is "
+            "left out")));
+    }
+
+    void aNineHertzCameraRunsAtNineHertzOnly()
+    {
+        Scene scene("[camera]\nnineHertz=true\nframeRate=9\n");
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.setFrameRate(25), ombrix_sdk::Flag{0});
+        QCOMPARE(camera.setFrameRate(60), ombrix_sdk::Flag{0});
+        QCOMPARE(camera.setFrameRate(9), ombrix_sdk::Flag{1});
+        QCOMPARE(camera.getFrameRate(), std::uint8_t{9});
+    }
+
+    void aCameraWithoutMipiHasNoMipiOutput()
+    {
+        Scene scene("[camera]\nmipi=false\n");
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.setMipiOutput(true), ombrix_sdk::Flag{0});
+        QCOMPARE(camera.getMipiOutput(), ombrix_sdk::Flag{0});
+        QCOMPARE(camera.setMipiOutput(false), ombrix_sdk::Flag{1});
+    }
+
+    // ---- the table
+
+    void theListOfBadPixelsBecomesTheTable()
+    {
+        Scene scene("[camera]\nbadPixels=639:479 0:0,5:1\n");
+        QCOMPARE(tableOf(scene).pixels, QVector<int>({0, 645, 307199}));
+        scene.restart("[camera]\nbadPixels=\n");
+        QCOMPARE(tableOf(scene).count, 0);
+        scene.restart("[camera]\nbadPixels=7:0\n");
+        QCOMPARE(tableOf(scene).pixels, QVector<int>{7});
+        QCOMPARE(scene.newLog(), QStringList());
+    }
+
+    void aListThatIsWrongIsToldAndTheFactorysUsed_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("beyond") << QByteArray("640:0")
+                                << QStringLiteral("\"640:0\" is no pixel x:y of 640 x 480");
+        QTest::newRow("below") << QByteArray("0:480")
+                               << QStringLiteral("\"0:480\" is no pixel x:y of 640 x 480");
+        QTest::newRow("no pair") << QByteArray("5")
+                                 << QStringLiteral("\"5\" is no pixel x:y of 640 x 480");
+        QTest::newRow("three") << QByteArray("5:6:7")
+                               << QStringLiteral("\"5:6:7\" is no pixel x:y of 640 x 480");
+        QTest::newRow("no numbers")
+            << QByteArray("a:b") << QStringLiteral("\"a:b\" is no pixel x:y of 640 x 480");
+        QByteArray many;
+        for (int index = 0; index < 1025; ++index) {
+            many += QByteArray::number(index % 640) + ':' + QByteArray::number(index / 640) + ' ';
+        }
+        QTest::newRow("too many") << many
+                                  << QStringLiteral("1025 bad pixels, and 1024 are the most");
+    }
+
+    void aListThatIsWrongIsToldAndTheFactorysUsed()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(QString, reason);
+        Scene scene("[camera]\nbadPixels=" + text + '\n');
+        QCOMPARE(tableOf(scene).count, 37);
+        const QStringList log = scene.newLog();
+        QCOMPARE(log.size(), 1);
+        QVERIFY2(log.at(0).endsWith(QStringLiteral("[camera] badPixels: ") + reason +
+                                    QStringLiteral("; the factory's bad pixels are used")),
+                 qPrintable(log.at(0)));
+    }
+
+    void aTableFileIsTheRegionByteForByte()
+    {
+        const QByteArray region(scene::regionSize, '\x5A');
+        Scene scene;
+        scene.write(QStringLiteral("region.bin"), region);
+        scene.restart("[camera]\ntableFile=region.bin\n");
+        QByteArray readBack(scene::regionSize, '\0');
+        scene.camera().readTableData(4096, 8192, 9, readBack.data());
+        QCOMPARE(readBack, region);
+    }
+
+    void aTableFileOfAnotherSizeIsToldAndTheFactorysUsed_data()
+    {
+        QTest::addColumn<int>("size");
+        QTest::newRow("short") << scene::regionSize - 1;
+        QTest::newRow("long") << scene::regionSize + 1;
+        QTest::newRow("missing") << -1;
+    }
+
+    void aTableFileOfAnotherSizeIsToldAndTheFactorysUsed()
+    {
+        QFETCH(int, size);
+        Scene scene;
+        if (size >= 0) {
+            scene.write(QStringLiteral("region.bin"), QByteArray(size, '\x5A'));
+        }
+        scene.restart("[camera]\ntableFile=region.bin\n");
+        QCOMPARE(tableOf(scene).count, 37);
+        QVERIFY(scene.newLog().value(0).endsWith(QStringLiteral(
+            "[camera] tableFile: \"region.bin\" is no table region of 8192 bytes; the "
+            "factory's bad pixels are used")));
+    }
+
+    // ---- baud rates
+
+    void aCameraAtAnotherRateThanTheLinksDoesNotAnswer()
+    {
+        Scene scene("[camera]\nbaudRate=9600\n");
+        QVERIFY(scene.open() == nullptr);
+        scene.configuration().setBaudRate(9600);
+        QCOMPARE(scene.configuration().getDefaultBaudRate(), 9600);
+        QVERIFY(scene.open() != nullptr);
+    }
+
+    void theRateCountsWhenTheLinkIsMade()
+    {
+        Scene scene;
+        ombrix_sdk::ISerialLink* const early = scene.sdk().createSerialLink();
+        scene.configuration().setBaudRate(9600);
+        QVERIFY(early->openCamera("ttyUSB0") != nullptr);
+        QVERIFY(scene.sdk().createSerialLink()->openCamera("ttyUSB0") == nullptr);
+    }
+
+    void aCameraThatChangedItsRateIsNoLongerHeardOnTheOldLink()
+    {
+        Scene scene;
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.setBaudRate(9600, false), ombrix_sdk::Flag{1});
+        QCOMPARE(camera.getGamma(), 0U);
+        QCOMPARE(camera.setGamma(65536), ombrix_sdk::Flag{0});
+        ombrix_sdk::Temperatures temperatures{};
+        QCOMPARE(camera.getTemperatures(&temperatures), ombrix_sdk::Flag{0});
+        QVERIFY(scene.open() == nullptr);
+        scene.configuration().setBaudRate(9600);
+        QCOMPARE(scene.camera().getGamma(), 65536U);
+    }
+
+    void theRatesOfTheListAreTakenAndNoOthers()
+    {
+        for (const quint32 rate : {9600U, 115200U, 230400U, 460800U, 921600U}) {
+            Scene scene;
+            QCOMPARE(scene.camera().setBaudRate(rate, true), ombrix_sdk::Flag{1});
+        }
+        for (const quint32 rate : {0U, 57600U, 0xFFFFFFFFU}) {
+            Scene scene;
+            ICamera& camera = scene.camera();
+            QCOMPARE(camera.setBaudRate(rate, true), ombrix_sdk::Flag{0});
+            QCOMPARE(camera.getGamma(), 65536U);
+        }
+    }
+
+    // ---- the example
+
+    void theExampleHoldsEveryKeyWithItsBuiltInValue()
+    {
+        const QString example = projectFile("simulator/simulator.example.ini");
+        Scene scene;
+        QVector<QString> builtIn;
+        const QVector<keys::Key> all = keys::ofCamera() + keys::ofConfiguration();
+        for (const keys::Key& key : all) {
+            builtIn.append(key.read(scene));
+            scene.restart();
+        }
+        const QByteArray factory = region(scene);
+        scene.newLog();
+        Scene::setVariable("TAVREL_SIMULATOR_SETTINGS", example);
+        scene.restart();
+        QCOMPARE(region(scene), factory);
+        for (int row = 0; row < all.size(); ++row) {
+            QVERIFY2(all[row].read(scene) == builtIn[row], all[row].name);
+            scene.restart();
+        }
+        QCOMPARE(scene.newLog(), QStringList());
+
+        QSet<QString> named;
+        static const QRegularExpression line(QStringLiteral("^;?(\\w+)=(.*)$"),
+                                             QRegularExpression::MultilineOption);
+        auto match = line.globalMatch(QString::fromUtf8(contentOf(example)));
+        while (match.hasNext()) {
+            named.insert(match.next().captured(1));
+        }
+        QCOMPARE(named, everyKey());
+    }
+
+    void theGuideExplainsEveryKeyPlanAndVariable()
+    {
+        const QString guide = QString::fromUtf8(contentOf(projectFile("docs/simulator.md")));
+        QStringList words = everyKey().values();
+        words << QStringLiteral("TAVREL_SIMULATOR_SETTINGS")
+              << QStringLiteral("TAVREL_SIMULATOR_LOG")
+              << QStringLiteral("TAVREL_SIMULATOR_JOURNAL")
+              << QStringLiteral("TAVREL_SIMULATOR_PLAN")
+              << QStringLiteral("TAVREL_SIMULATOR_MEMORY")
+              << QStringLiteral("TAVREL_SIMULATOR_FACTORY_FRESH") << QStringLiteral("calls")
+              << QStringLiteral("probability") << QStringLiteral("value") << QStringLiteral("delay")
+              << QStringLiteral("carryOut") << QStringLiteral("hangUp") << QStringLiteral("cycles");
+        for (const QFileInfo& plan :
+             QDir(projectFile("simulator/plans")).entryInfoList(QDir::Files)) {
+            words << plan.fileName();
+        }
+        for (const QString& word : words) {
+            QVERIFY2(guide.contains(QLatin1Char('`') + word + QLatin1Char('`')), qPrintable(word));
+        }
+    }
+
+private:
+    static void keyRows()
+    {
+        QTest::addColumn<QByteArray>("section");
+        QTest::addColumn<int>("row");
+        for (const QByteArray section : {"camera", "configuration"}) {
+            const QVector<keys::Key> all = keysOf(section);
+            for (int row = 0; row < all.size(); ++row) {
+                QTest::newRow((section + '/' + all[row].name).constData()) << section << row;
+            }
+        }
+    }
+
+    static QVector<keys::Key> keysOf(const QByteArray& section)
+    {
+        return section == "camera" ? keys::ofCamera() : keys::ofConfiguration();
+    }
+
+    static keys::Key keyOf(const QByteArray& section, int row) { return keysOf(section).at(row); }
+
+    static QSet<QString> everyKey()
+    {
+        QSet<QString> names;
+        for (const keys::Key& key : keys::ofCamera() + keys::ofConfiguration()) {
+            names.insert(QLatin1String(key.name));
+        }
+        for (const QString& name : keys::others()) {
+            names.insert(name);
+        }
+        return names;
+    }
+
+    static QByteArray region(Scene& scene)
+    {
+        QByteArray bytes(scene::regionSize, '\0');
+        scene.camera().readTableData(4096, 8192, 9, bytes.data());
+        return bytes;
+    }
+
+    static table::Reading tableOf(Scene& scene) { return table::read(region(scene)); }
+};
+
+QTEST_GUILESS_MAIN(TestSettings)
+#include "tst_settings.moc"
