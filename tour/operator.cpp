@@ -35,7 +35,7 @@ QString quoted(const QString& text)
 } // namespace
 
 Operator::Operator(Report& itsReport, bool ownScreen, milliseconds itsPace)
-    : report(itsReport), pace(itsPace)
+    : report(itsReport), witness(inGui([] { return new Witness(qApp); })), pace(itsPace)
 {
     if (ownScreen) {
         xServer.paintBackground(background);
@@ -98,9 +98,11 @@ void Operator::movePointer(QPoint position)
 void Operator::press(QPoint position)
 {
     pictureIsCurrent = false;
+    const int before = inGui([&] { return witness->releases(); });
     movePointer(position);
     xServer.pressButton();
     xServer.releaseButton();
+    expect("the program receives the click", [&] { return witness->releases() > before; });
 }
 
 void Operator::mark(QPoint position)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "tour/report.h"
+#include "tour/witness.h"
 #include "tour/xserver.h"
 
 #include <QtCore/QPoint>
@@ -102,6 +103,7 @@ private:
 
     Report& report;
     XServer xServer;
+    const Witness* witness; ///< belongs to the GUI thread
     std::chrono::milliseconds pace;
     QPoint pointer;
     QVector<Click> clicks; ///< since the last picture, on the screen
