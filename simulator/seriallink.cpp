@@ -9,6 +9,23 @@ namespace {
 
 const QString linkSubject = QStringLiteral("link");
 
+/// Why no camera was opened, for the log: the program learns only that there is none.
+QString reasonOfSilence(const Device* device, std::uint32_t baudRate)
+{
+    if (device == nullptr) {
+        return QStringLiteral("no camera is plugged in there");
+    }
+    if (device->isHanging()) {
+        return QStringLiteral("the camera hangs");
+    }
+    if (device->baudRate() != baudRate) {
+        return QStringLiteral("the camera talks at %1 baud, the link at %2")
+            .arg(device->baudRate())
+            .arg(baudRate);
+    }
+    return QStringLiteral("the plan does not let the camera answer");
+}
+
 } // namespace
 
 ombrix_sdk::ICamera* SerialLink::openCamera(const char* portName)
@@ -25,6 +42,10 @@ ombrix_sdk::ICamera* SerialLink::openCamera(const char* portName)
     const bool answers = reached && verdict.carryOut;
     if (answers) {
         cameras.push_back(std::make_unique<Camera>(*device, baudRate));
+    } else {
+        simulator.log().notice(
+            QStringLiteral("openCamera %1: %2")
+                .arg(QString::fromLocal8Bit(portName), reasonOfSilence(device, baudRate)));
     }
     simulator.journal().write({.subject = linkSubject,
                                .operation = nameOf(Operation::OpenCamera),

@@ -1,0 +1,38 @@
+// A program that uses the SDK as little as a program can, so that a test sees what a process of its
+// own writes where.
+#include "sdk/ombrix_sdk.h"
+
+#include <string>
+
+int main()
+{
+    ombrix_sdk::IOmbrixSdk* const sdk = ombrix_sdk::OmbrixSdk::get_instance();
+    sdk->initialize();
+    sdk->initialize();
+    {
+        ombrix_sdk::SDKLogger logger(ombrix_sdk::startup_severity);
+        logger.GetILogger() << "QT Version " << std::string("5.15");
+    }
+    {
+        ombrix_sdk::SDKLogger logger(ombrix_sdk::event_severity);
+        logger.GetILogger() << std::string("first\nsecond \xC3\xA9");
+    }
+    {
+        ombrix_sdk::SDKLogger logger(static_cast<ombrix_sdk::severity_level>(7));
+        logger.GetILogger() << "";
+    }
+    ombrix_sdk::ISerialLink* link = sdk->createSerialLink();
+    ombrix_sdk::ICamera* const camera = link->openCamera("ttyUSB0");
+    char context = 0;
+    if (camera == nullptr || camera->connect(&context) != 1) {
+        return 1;
+    }
+    camera->setGamma(camera->getGamma() + 1);
+    ombrix_sdk::Zoom zoom{2.5F, 1, 2, 1};
+    camera->configureZoom(&zoom);
+    camera->getZoom(&zoom);
+    link->closeCamera(camera);
+    sdk->releaseSerialLink(&link);
+    sdk->saveConfiguration();
+    return 0;
+}

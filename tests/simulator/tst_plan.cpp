@@ -1,0 +1,694 @@
+// Plans of faults: which calls they hit, what becomes of those, and the plans that come with the
+// simulator.
+#include "tests/simulator/scene.h"
+
+#include "simulator/control.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtTest/QTest>
+
+using ombrix_sdk::Flag;
+using ombrix_sdk::ICamera;
+using scene::ini;
+using scene::Scene;
+
+namespace {
+
+const QString planFile = QStringLiteral("plan.ini");
+const QByteArray withPlan = "[simulator]\nplan=plan.ini\nmanualClock=true\n";
+
+/// A scene with a plan from the start.
+class Planned : public Scene {
+public:
+    explicit Planned(const QByteArray& plan)
+    {
+        write(planFile, plan);
+        restart(withPlan);
+    }
+};
+
+/// Answers of that many calls of setGsk, as a word of 0 and 1.
+QByteArray answers(ICamera& camera, int calls)
+{
+    QByteArray word;
+    for (int call = 0; call < calls; ++call) {
+        word += QByteArray::number(camera.setGsk(1));
+    }
+    return word;
+}
+
+QByteArray region(ICamera& camera)
+{
+    QByteArray bytes(scene::regionSize, '\0');
+    return camera.readTableData(4096, 8192, 9, bytes.data()) == 0 ? bytes : QByteArray();
+}
+
+} // namespace
+
+class TestPlan : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    // ---- which calls
+
+    void aRuleHitsItsCalls_data()
+    {
+        QTest::addColumn<QByteArray>("calls");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("always") << QByteArray("always") << QByteArray("00000000");
+        QTest::newRow("the first") << QByteArray("1") << QByteArray("01111111");
+        QTest::newRow("the third") << QByteArray("3") << QByteArray("11011111");
+        QTest::newRow("from the third") << QByteArray("3-") << QByteArray("11000000");
+        QTest::newRow("a range") << QByteArray("2-4") << QByteArray("10001111");
+        QTest::newRow("a list") << QByteArray("1, 3-4, 7-") << QByteArray("01001100");
+    }
+
+    void aRuleHitsItsCalls()
+    {
+        QFETCH(QByteArray, calls);
+        QFETCH(QByteArray, expected);
+        Planned scene("[setGsk]\ncalls=" + calls + '\n');
+        QCOMPARE(answers(scene.camera(), 8), expected);
+        QCOMPARE(scene.newLog(), QStringList());
+    }
+
+    void aRuleCountsOnlyTheCallsThatItMatches()
+    {
+        Planned scene("[setGsk]\ncalls=2\n");
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.setGfid(1), Flag{1});
+        QCOMPARE(camera.setGsk(1), Flag{1});
+        QCOMPARE(camera.setGfid(1), Flag{1});
+        QCOMPARE(camera.setGsk(1), Flag{0});
+    }
+
+    void aPatternCountsTheCallsOfAllItsOperations()
+    {
+        Planned scene("[set*]\ncalls=2\n");
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.setGfid(1), Flag{1});
+        QCOMPARE(camera.setGsk(1), Flag{0});
+        QCOMPARE(camera.setGsk(1), Flag{1});
+    }
+
+    void theMoreExactRuleDecides()
+    {
+        Planned scene(
+            ini({"[*]", "calls=always", "[set*]", "carryOut=true", "[setG*]", "calls=always",
+                 "[setGamma]", "carryOut=true", "[connect]", "carryOut=true"}));
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.getGamma(), 0U);
+        QCOMPARE(camera.setClhe(1), Flag{1});
+        QCOMPARE(camera.setGsk(1), Flag{0});
+        QCOMPARE(camera.setGamma(65536), Flag{1});
+    }
+
+    void aPatternNeverKeepsTheProgramFromTheCamera()
+    {
+        Planned scene("[*]\ncalls=always\n");
+        QCOMPARE(scene.configuration().getCommunicationType(), "UART");
+        QVERIFY(scene.open() != nullptr);
+    }
+
+    void chanceHitsAboutItsShareAndTheSameCallsEveryTime()
+    {
+        const auto run = [](const QByteArray& seed) {
+            Planned scene("[setGsk]\nprobability=0.25\nseed=" + seed + '\n');
+            return answers(scene.camera(), 2000);
+        };
+        const QByteArray first = run("1");
+        QVERIFY2(std::abs(first.count('0') - 500) < 80, QByteArray::number(first.count('0')));
+        QCOMPARE(run("1"), first);
+        QVERIFY(run("2") != first);
+    }
+
+    void chanceOfNothingAndOfEverythingIsCertain()
+    {
+        {
+            Planned scene("[setGsk]\nprobability=0\n");
+            QCOMPARE(answers(scene.camera(), 8), QByteArray("11111111"));
+        }
+        Planned scene("[setGsk]\nprobability=1\n");
+        QCOMPARE(answers(scene.camera(), 8), QByteArray("00000000"));
+    }
+
+    // ---- what becomes of them
+
+    void aCallThatFailsChangesNothing()
+    {
+        Planned scene("[setGsk]\ncalls=always\n");
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.setGsk(11), Flag{0});
+        QCOMPARE(camera.getGsk(), 6U);
+    }
+
+    void aPlannedAnswerIsGivenInsteadAndNothingIsDone()
+    {
+        Planned scene(ini({"[setGsk]", "value=2", "[getGfid]", "value=0xFFFFFFFF", "[getFrameRate]",
+                           "value=42", "[readTableData]", "value=-3"}));
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.setGsk(11), Flag{2});
+        QCOMPARE(camera.getGsk(), 6U);
+        QCOMPARE(camera.getGfid(), 4294967295U);
+        QCOMPARE(camera.getFrameRate(), std::uint8_t{42});
+        QByteArray bytes(scene::regionSize, 'x');
+        QCOMPARE(camera.readTableData(4096, 8192, 9, bytes.data()), -3);
+        QCOMPARE(bytes, QByteArray(scene::regionSize, 'x'));
+    }
+
+    void aPlannedAnswerMayGoWithTheDeed()
+    {
+        Planned scene("[setGsk]\nvalue=2\ncarryOut=true\n");
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.setGsk(11), Flag{2});
+        QCOMPARE(camera.getGsk(), 11U);
+    }
+
+    void successWithoutTheDeedLeavesTheRecordAsItWas()
+    {
+        Planned scene("[getShutterPosition]\nvalue=1\n");
+        std::uint8_t closed = 0x37;
+        QCOMPARE(scene.camera().getShutterPosition(&closed), Flag{1});
+        QCOMPARE(closed, std::uint8_t{0x37});
+    }
+
+    void plannedVersionsAreAnsweredAsOneWord()
+    {
+        Planned scene("[getVersions]\nvalue=0xF204F123\n");
+        quint32 versions = 0;
+        scene.camera().getVersions(&versions);
+        QCOMPARE(versions, 0xF204F123U);
+    }
+
+    void everyOperationOfTheCameraCanFail()
+    {
+        Planned scene("[*]\ncalls=2-\n"); // the first is the greeting
+        ICamera& camera = scene.camera();
+        quint32 word = 7;
+        camera.getVersions(&word);
+        QCOMPARE(word, 0U);
+        camera.refresh();
+        ombrix_sdk::Temperatures temperatures{1, 1};
+        ombrix_sdk::OperatingTime time{1, 1};
+        ombrix_sdk::EdgeCorrection edge{1, 1, 1, 1};
+        ombrix_sdk::Zoom zoom{1, 1, 1, 1};
+        ombrix_sdk::ZoomResolution resolution{1, 1};
+        ombrix_sdk::AhcGainsLimitation limits{1, 1};
+        std::uint8_t closed = 1;
+        char context = 0;
+        QByteArray bytes(scene::regionSize, '\0');
+        scene.write(QStringLiteral("map.bin"), QByteArray(scene::mapSize, '\0'));
+        scene.write(QStringLiteral("replbp.bin"), "of before");
+        QCOMPARE(edge.gain + camera.getEdgeCorrection(&edge)->gain, 1U);
+        std::vector<ombrix_sdk::ReplacementEntry> list(5);
+        int height = 480;
+        int width = 640;
+        camera.loadBadPixelList("map.bin", list, height, width);
+        QVERIFY(list.empty());
+        QVERIFY(!scene.exists(QStringLiteral("replbp.bin")));
+        const QVector<qint64> failures = {camera.getRoiX1(0),
+                                          camera.getRoiX2(0),
+                                          camera.getRoiY1(0),
+                                          camera.getRoiY2(0),
+                                          camera.getSerialNumber(),
+                                          camera.getSensorSerialNumber(),
+                                          camera.getTemperatures(&temperatures),
+                                          camera.getOperatingTime(&time),
+                                          camera.getGsk(),
+                                          camera.setGsk(1),
+                                          camera.setGfid(1),
+                                          camera.setGms(1),
+                                          camera.getGfid(),
+                                          camera.getGms(),
+                                          camera.getTint(),
+                                          camera.setTint(1),
+                                          camera.getBprCorrection(),
+                                          camera.setBprCorrection(true),
+                                          camera.getOffsetCorrection(),
+                                          camera.setOffsetCorrection(true),
+                                          camera.getGainCorrection(),
+                                          camera.setGainCorrection(true),
+                                          camera.getHorizontalFlip(),
+                                          camera.setHorizontalFlip(true),
+                                          camera.getVerticalFlip(),
+                                          camera.setVerticalFlip(true),
+                                          camera.getVignettingCorrection(),
+                                          camera.setVignettingCorrection(true),
+                                          camera.getColumnCorrection(),
+                                          camera.setColumnCorrection(true),
+                                          camera.setTestPattern(true),
+                                          camera.getTestPattern(),
+                                          camera.setBt656SdiOutput(true),
+                                          camera.getBt656SdiOutput(),
+                                          camera.setParallelOutput(true),
+                                          camera.getParallelOutput(),
+                                          camera.setMipiOutput(true),
+                                          camera.getMipiOutput(),
+                                          camera.setFrameRate(25),
+                                          camera.getFrameRate(),
+                                          camera.setVideoOutput(1),
+                                          camera.getVideoOutput(),
+                                          camera.setBaudRate(115200, true),
+                                          camera.configureEdgeCorrection(1, 1, 1),
+                                          camera.configureZoom(&zoom),
+                                          camera.getZoom(&zoom),
+                                          camera.getZoomResolution(&resolution),
+                                          camera.configureZoomResolution(100, 100),
+                                          camera.getContrastType(),
+                                          camera.configureContrastType(1),
+                                          camera.setColorLut(1),
+                                          camera.getColorLut(),
+                                          camera.getAhcGainsLimitation(&limits),
+                                          camera.setAhcGainsLimitation(1, 1),
+                                          camera.getLutTemporalFilter(),
+                                          camera.setLutTemporalFilter(1),
+                                          camera.connect(&context),
+                                          camera.readTableData(4096, 8192, 9, bytes.data()) + 1,
+                                          camera.writeTableData(4096, 8192, 8, bytes.data()),
+                                          camera.addBadPixels("map.bin", 1, 1),
+                                          camera.removeBadPixels("map.bin", 1, 1),
+                                          camera.getGamma(),
+                                          camera.setGamma(65536),
+                                          camera.getClhe(),
+                                          camera.setClhe(1),
+                                          camera.getPolarity(),
+                                          camera.setPolarity(true),
+                                          camera.setRoiX1(9, 0, false, false, false),
+                                          camera.setRoiX2(9, 0, false, false, false),
+                                          camera.setRoiY1(9, 0, false, false, false),
+                                          camera.setRoiY2(9, 0, false, false, false),
+                                          camera.requestNuc(0),
+                                          camera.setNucControl(2),
+                                          camera.getNucControl(),
+                                          camera.setShutterPosition(true),
+                                          camera.getShutterPosition(&closed)};
+        for (int number = 0; number < failures.size(); ++number) {
+            QVERIFY2(failures.at(number) == 0, QByteArray::number(number));
+        }
+    }
+
+    void aDelayPassesBeforeTheCall()
+    {
+        Planned scene("[getGsk]\ncarryOut=true\ndelay=60000\ncalls=2\n");
+        ICamera& camera = scene.camera();
+        const auto minutes = [&camera] {
+            ombrix_sdk::OperatingTime time{};
+            camera.getOperatingTime(&time);
+            return time.minutes;
+        };
+        const quint32 before = minutes();
+        QCOMPARE(camera.getGsk(), 6U);
+        QCOMPARE(minutes(), before);
+        QCOMPARE(camera.getGsk(), 6U);
+        QCOMPARE(minutes(), before + 1);
+    }
+
+    void aCameraThatHangsAnswersNothingUntilItsPowerIsSwitchedOffAndOn()
+    {
+        Planned scene("[setGsk]\ncalls=2\nhangUp=true\n");
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.setGsk(1), Flag{1});
+        QCOMPARE(camera.setGsk(2), Flag{0});
+        QCOMPARE(camera.setGsk(3), Flag{0});
+        QCOMPARE(camera.getGamma(), 0U);
+        QVERIFY(scene.open() == nullptr);
+        QVERIFY(scene.newLog().filter(QStringLiteral("problem")).isEmpty());
+        ombrix_simulator::cyclePower();
+        QCOMPARE(scene.camera().getGsk(), 1U);
+    }
+
+    void aCameraThatHangsStillHasItsFilesEdited()
+    {
+        Planned scene("[setGsk]\nhangUp=true\n");
+        ICamera& camera = scene.camera();
+        camera.setGsk(1);
+        scene.write(QStringLiteral("map.bin"), QByteArray(scene::mapSize, '\0'));
+        QCOMPARE(camera.addBadPixels("map.bin", 1, 1), Flag{1});
+    }
+
+    // ---- while the program runs
+
+    void aPlanThatChangesCountsAtOnce()
+    {
+        Planned scene("[setGsk]\ncalls=always\n");
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.setGsk(1), Flag{0});
+        scene.write(planFile, "[setGfid]\ncalls=always\n");
+        QCOMPARE(camera.setGsk(1), Flag{1});
+        QCOMPARE(camera.setGfid(1), Flag{0});
+        QCOMPARE(
+            scene.newLog(),
+            QStringList(
+                QStringLiteral("notice   the plan has changed: %1").arg(scene.path(planFile))));
+    }
+
+    void aPlanMayComeLaterAndGoAgain()
+    {
+        Scene scene(withPlan);
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.setGsk(1), Flag{1});
+        QCOMPARE(scene.newLog(), QStringList());
+        scene.write(planFile, "[setGsk]\ncalls=always\n");
+        QCOMPARE(camera.setGsk(1), Flag{0});
+        QFile::remove(planFile);
+        QCOMPARE(camera.setGsk(1), Flag{1});
+    }
+
+    void aChangedPlanCountsAnew()
+    {
+        Planned scene("[setGsk]\ncalls=2\n");
+        ICamera& camera = scene.camera();
+        QCOMPARE(answers(camera, 2), QByteArray("10"));
+        scene.write(planFile, "[setGsk]\ncalls=2 \n");
+        QCOMPARE(answers(camera, 2), QByteArray("10"));
+    }
+
+    void aChangedPlanLetsAHangingCameraGo()
+    {
+        Planned scene("[setGsk]\nhangUp=true\n");
+        ICamera& camera = scene.camera();
+        camera.setGsk(1);
+        QCOMPARE(camera.getGamma(), 0U);
+        scene.write(planFile, "");
+        QCOMPARE(camera.getGamma(), 65536U);
+    }
+
+    void aGrowingNumberOfPowerCyclesSwitchesThePower()
+    {
+        Planned scene("[power]\ncycles=3\n");
+        ICamera& camera = scene.camera();
+        camera.setTestPattern(true);
+        QCOMPARE(camera.getTestPattern(), Flag{1});
+        scene.write(planFile, "[power]\ncycles=4\n");
+        QCOMPARE(camera.getTestPattern(), Flag{0});
+        ombrix_sdk::OperatingTime time{};
+        camera.getOperatingTime(&time);
+        QCOMPARE(time.startups, 119U);
+    }
+
+    void theVariableNamesThePlanBeforeTheSettings()
+    {
+        Planned scene("[setGsk]\ncalls=always\n");
+        scene.write(QStringLiteral("other.ini"), "[setGfid]\ncalls=always\n");
+        Scene::setVariable("TAVREL_SIMULATOR_PLAN", QStringLiteral("other.ini"));
+        scene.restart();
+        QCOMPARE(scene.camera().setGsk(1), Flag{1});
+        QCOMPARE(scene.camera().setGfid(1), Flag{0});
+    }
+
+    // ---- mistakes in a plan
+
+    void aMistakeInAPlanIsTold_data()
+    {
+        QTest::addColumn<QByteArray>("plan");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("no such operation")
+            << QByteArray("[setGama]\ncalls=always")
+            << QStringLiteral("[setGama] calls: nothing is called so");
+        QTest::newRow("no such pattern") << QByteArray("[put*]\ncalls=always")
+                                         << QStringLiteral("[put*] calls: nothing is called so");
+        QTest::newRow("no such key") << QByteArray("[setGsk]\ncall=1")
+                                     << QStringLiteral("[setGsk] call: nothing is called so");
+        QTest::newRow("calls") << QByteArray("[setGsk]\ncalls=often")
+                               << QStringLiteral(
+                                      "[setGsk] calls: \"often\" is neither always nor a list "
+                                      "such as 3, 5-7, 9-; always is used");
+        QTest::newRow("call 0") << QByteArray("[setGsk]\ncalls=0")
+                                << QStringLiteral(
+                                       "[setGsk] calls: \"0\" is neither always nor a list "
+                                       "such as 3, 5-7, 9-; always is used");
+        QTest::newRow("backwards")
+            << QByteArray("[setGsk]\ncalls=5-3")
+            << QStringLiteral("[setGsk] calls: \"5-3\" is neither always nor a "
+                              "list such as 3, 5-7, 9-; always is used");
+        QTest::newRow("probability")
+            << QByteArray("[setGsk]\nprobability=often")
+            << QStringLiteral("[setGsk] probability: \"often\" is not a number; "
+                              "1 is used");
+        QTest::newRow("value") << QByteArray("[setGsk]\nvalue=no")
+                               << QStringLiteral(
+                                      "[setGsk] value: \"no\" is nothing that it can answer; "
+                                      "the answer of a failure is used");
+        QTest::newRow("value too large")
+            << QByteArray("[setGsk]\nvalue=4294967296")
+            << QStringLiteral(
+                   "[setGsk] value: \"4294967296\" is nothing that it can answer; the answer "
+                   "of a failure is used");
+        QTest::newRow("treatment")
+            << QByteArray("[loadBadPixelList]\nvalue=bad")
+            << QStringLiteral("[loadBadPixelList] value: \"bad\" is nothing that "
+                              "it can answer; the answer of a failure is used");
+        QTest::newRow("delay") << QByteArray("[setGsk]\ndelay=-1")
+                               << QStringLiteral(
+                                      "[setGsk] delay: \"-1\" is not a whole number from 0 to "
+                                      "4294967295; 0 is used");
+        QTest::newRow("hangUp") << QByteArray("[setGsk]\nhangUp=maybe")
+                                << QStringLiteral(
+                                       "[setGsk] hangUp: \"maybe\" is not true, false or a "
+                                       "whole number from 0 to 255; false is used");
+        QTest::newRow("cycles") << QByteArray("[power]\ncycles=many")
+                                << QStringLiteral(
+                                       "[power] cycles: \"many\" is not a whole number from 0 "
+                                       "to 4294967295; 0 is used");
+    }
+
+    void aMistakeInAPlanIsTold()
+    {
+        QFETCH(QByteArray, plan);
+        QFETCH(QString, message);
+        Planned scene(plan + '\n');
+        const QStringList expected(
+            QStringLiteral("problem  %1: %2").arg(scene.path(planFile), message));
+        QCOMPARE(scene.newLog(), expected);
+        // And again when a plan that changed is wrong.
+        ICamera& camera = scene.camera();
+        scene.write(planFile, "");
+        camera.refresh();
+        scene.newLog();
+        scene.write(planFile, plan + "\n\n");
+        camera.refresh();
+        QCOMPARE(scene.newLog().mid(1, 1), expected);
+    }
+
+    // ---- the plans that come along
+
+    void everyPlanThatComesAlongIsWithoutMistakes()
+    {
+        const QDir plans(QStringLiteral(TAVREL_SOURCE_DIR "/simulator/plans"));
+        const QStringList names = plans.entryList(QDir::Files);
+        QVERIFY(names.size() >= 20);
+        for (const QString& name : names) {
+            Scene scene;
+            usePlan(scene, name);
+            QCOMPARE(scene.newLog(), QStringList());
+        }
+    }
+
+    void refuseEverything()
+    {
+        Scene scene;
+        usePlan(scene, QStringLiteral("refuse-everything.ini"));
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.setGamma(70000), Flag{0});
+        QCOMPARE(camera.configureZoomResolution(100, 100), Flag{0});
+        QCOMPARE(camera.requestNuc(1), Flag{0});
+        QByteArray bytes(scene::regionSize, '\0');
+        QCOMPARE(camera.writeTableData(4096, 8192, 8, bytes.data()), Flag{0});
+        QCOMPARE(camera.getGamma(), 65536U);
+        QCOMPARE(region(camera).size(), scene::regionSize);
+    }
+
+    void noCamera()
+    {
+        Scene scene;
+        usePlan(scene, QStringLiteral("no-camera.ini"));
+        QVERIFY(scene.open() == nullptr);
+    }
+
+    void silentCamera()
+    {
+        Scene scene;
+        usePlan(scene, QStringLiteral("silent-camera.ini"));
+        char context = 0;
+        QCOMPARE(scene.open()->connect(&context), std::uint8_t{0});
+    }
+
+    void unreadParameters()
+    {
+        Scene scene;
+        usePlan(scene, QStringLiteral("unread-parameters.ini"));
+        quint32 versions = 1;
+        scene.camera().getVersions(&versions);
+        QCOMPARE(versions, 0U);
+    }
+
+    void notUart()
+    {
+        Scene scene;
+        usePlan(scene, QStringLiteral("not-uart.ini"));
+        QCOMPARE(scene.configuration().getCommunicationType(), "USB");
+    }
+
+    void ahcUnreadable()
+    {
+        Scene scene;
+        usePlan(scene, QStringLiteral("ahc-unreadable.ini"));
+        ombrix_sdk::AhcGainsLimitation limits{};
+        QCOMPARE(scene.camera().getAhcGainsLimitation(&limits), Flag{0});
+    }
+
+    void nucRefused()
+    {
+        Scene scene;
+        usePlan(scene, QStringLiteral("nuc-refused.ini"));
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.requestNuc(0), Flag{0});
+        QCOMPARE(camera.requestNuc(1), Flag{0});
+        QCOMPARE(camera.setNucControl(0), Flag{0});
+        QCOMPARE(camera.setGamma(70000), Flag{1});
+    }
+
+    void shutterRefusedAndUnreadable()
+    {
+        Scene scene;
+        std::uint8_t closed = 0;
+        usePlan(scene, QStringLiteral("shutter-refused.ini"));
+        QCOMPARE(scene.camera().setShutterPosition(true), Flag{0});
+        QCOMPARE(scene.camera().getShutterPosition(&closed), Flag{1});
+        usePlan(scene, QStringLiteral("shutter-unreadable.ini"));
+        QCOMPARE(scene.camera().setShutterPosition(true), Flag{1});
+        QCOMPARE(scene.camera().getShutterPosition(&closed), Flag{0});
+    }
+
+    void temperatureLostAndHangUp()
+    {
+        Scene scene;
+        ombrix_sdk::Temperatures record{};
+        usePlan(scene, QStringLiteral("temperature-lost.ini"));
+        ICamera& losing = scene.camera();
+        for (const Flag expected : QVector<Flag>{1, 1, 1, 0, 0}) {
+            QCOMPARE(losing.getTemperatures(&record), expected);
+        }
+        QCOMPARE(losing.getGamma(), 65536U);
+        usePlan(scene, QStringLiteral("hang-up.ini"));
+        ICamera& hanging = scene.camera();
+        for (const Flag expected : QVector<Flag>{1, 1, 1, 1, 0}) {
+            QCOMPARE(hanging.getTemperatures(&record), expected);
+        }
+        QCOMPARE(hanging.getGamma(), 0U);
+    }
+
+    void baudRateRefused()
+    {
+        Scene scene;
+        usePlan(scene, QStringLiteral("baud-rate-refused.ini"));
+        QCOMPARE(scene.camera().setBaudRate(9600, true), Flag{0});
+        QVERIFY(scene.open() != nullptr);
+    }
+
+    void tableUnreadableAndUnwritable()
+    {
+        Scene scene;
+        QByteArray bytes(scene::regionSize, '\0');
+        usePlan(scene, QStringLiteral("table-unreadable.ini"));
+        QCOMPARE(scene.camera().readTableData(4096, 8192, 9, bytes.data()), -3);
+        usePlan(scene, QStringLiteral("table-unwritable.ini"));
+        QCOMPARE(scene.camera().writeTableData(4096, 8192, 8, bytes.data()), Flag{0});
+        QCOMPARE(scene.camera().readTableData(4096, 8192, 9, bytes.data()), 0);
+    }
+
+    void editsRefused()
+    {
+        Scene scene;
+        usePlan(scene, QStringLiteral("edits-refused.ini"));
+        scene.write(QStringLiteral("map.bin"), QByteArray(scene::mapSize, '\1'));
+        QCOMPARE(scene.camera().addBadPixels("map.bin", 1, 1), Flag{0});
+        QCOMPARE(scene.camera().removeBadPixels("map.bin", 1, 1), Flag{0});
+        QCOMPARE(scene.read(QStringLiteral("map.bin")), QByteArray(scene::mapSize, '\1'));
+    }
+
+    void aTreatmentGoesWrongAsPlanned_data()
+    {
+        QTest::addColumn<QString>("plan");
+        QTest::addColumn<int>("entries");
+        QTest::addColumn<int>("size"); // of the table file; -1: there is none
+        QTest::newRow("too many") << QStringLiteral("too-many-bad-pixels.ini") << 1025 << -1;
+        QTest::newRow("missing") << QStringLiteral("treatment-missing.ini") << 0 << -1;
+        QTest::newRow("empty") << QStringLiteral("treatment-empty.ini") << 0 << 0;
+        QTest::newRow("long") << QStringLiteral("treatment-long.ini") << 0 << scene::regionSize + 1;
+    }
+
+    void aTreatmentGoesWrongAsPlanned()
+    {
+        QFETCH(QString, plan);
+        QFETCH(int, entries);
+        QFETCH(int, size);
+        Scene scene;
+        usePlan(scene, plan);
+        scene.write(QStringLiteral("map.bin"), QByteArray(scene::mapSize, '\0'));
+        scene.write(QStringLiteral("replbp.bin"), "of before");
+        std::vector<ombrix_sdk::ReplacementEntry> list(3);
+        int height = 480;
+        int width = 640;
+        scene.camera().loadBadPixelList("map.bin", list, height, width);
+        QCOMPARE(static_cast<int>(list.size()), entries);
+        QCOMPARE(scene.exists(QStringLiteral("replbp.bin")), size >= 0);
+        QCOMPARE(scene.read(QStringLiteral("replbp.bin")).size(), std::max(size, 0));
+    }
+
+    void oddAnswers()
+    {
+        Scene scene;
+        usePlan(scene, QStringLiteral("odd-answers.ini"));
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.setGamma(70000), Flag{2});
+        QCOMPARE(camera.getGamma(), 70000U);
+        QCOMPARE(camera.requestNuc(1), Flag{2});
+        QCOMPARE(camera.configureZoomResolution(100, 100), Flag{2});
+    }
+
+    void unreliable()
+    {
+        Scene scene;
+        usePlan(scene, QStringLiteral("unreliable.ini"));
+        const QByteArray course = answers(scene.camera(), 200);
+        QVERIFY(course.count('0') > 15);
+        QVERIFY(course.count('0') < 65);
+    }
+
+    void slow()
+    {
+        Scene scene;
+        usePlan(scene, QStringLiteral("slow.ini"), "[simulator]\nmanualClock=true\n");
+        ICamera& camera = scene.camera();
+        for (int call = 0; call < 300; ++call) {
+            QCOMPARE(camera.getGamma(), 65536U);
+        }
+        ombrix_sdk::OperatingTime time{};
+        camera.getOperatingTime(&time);
+        QCOMPARE(time.minutes, 5264U);
+    }
+
+    void aSavingThatFailsKeepsNothing()
+    {
+        Scene scene;
+        scene.write(planFile, "[saveConfiguration]\ncalls=always\n");
+        scene.restart(withPlan + "memory=kept\n");
+        scene.configuration().gskValue = 1;
+        scene.sdk().saveConfiguration();
+        scene.restart();
+        QCOMPARE(scene.configuration().gskValue, 6);
+    }
+
+private:
+    static void usePlan(Scene& scene, const QString& name, const QByteArray& settings = {})
+    {
+        Scene::setVariable("TAVREL_SIMULATOR_PLAN",
+                           QStringLiteral(TAVREL_SOURCE_DIR "/simulator/plans/") + name);
+        scene.restart(settings);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestPlan)
+#include "tst_plan.moc"

@@ -1,0 +1,312 @@
+// What the simulator writes down: the log of the SDK and the journal of the calls.
+#include "tests/simulator/scene.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QProcess>
+#include <QtCore/QRegularExpression>
+#include <QtTest/QTest>
+
+#include <cmath>
+
+using ombrix_sdk::ICamera;
+using scene::Scene;
+
+namespace {
+
+struct Output {
+    int exitCode = -1;
+    QStringList standardOutput;
+    QStringList standardError;
+};
+
+/// Runs a program of its own in the scene's directory with additional variables.
+Output run(const QStringList& variables = {})
+{
+    QProcess process;
+    QStringList environment = QProcess::systemEnvironment();
+    for (const QString& line : QStringList(environment)) {
+        if (line.startsWith(QStringLiteral("TAVREL_SIMULATOR_"))) {
+            environment.removeAll(line);
+        }
+    }
+    process.setEnvironment(environment + variables);
+    process.start(QStringLiteral(TAVREL_PROBE), QStringList());
+    Output output;
+    if (process.waitForFinished()) {
+        const auto lines = [](const QByteArray& text) {
+            return QString::fromUtf8(text).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        };
+        output = {process.exitCode(), lines(process.readAllStandardOutput()),
+                  lines(process.readAllStandardError())};
+    }
+    return output;
+}
+
+const QString timeAndMark =
+    QStringLiteral("\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3} \\[simulated SDK\\] ");
+
+QStringList withoutTime(QStringList lines)
+{
+    static const QRegularExpression head(QLatin1Char('^') + timeAndMark);
+    for (QString& line : lines) {
+        if (!head.match(line).hasMatch()) {
+            line.prepend(QStringLiteral("without time and mark: "));
+        }
+        line.remove(head);
+    }
+    return lines;
+}
+
+const QStringList recordsOfTheProbe = {
+    QStringLiteral("startup  QT Version 5.15"), QStringLiteral("event    first"),
+    QStringLiteral("event    second \u00e9"), QStringLiteral("severity 7 ")};
+
+} // namespace
+
+class TestRecords : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theLogGoesToStandardErrorWithTimeMarkSeverityAndText()
+    {
+        Scene scene;
+        const Output output = run();
+        QCOMPARE(output.exitCode, 0);
+        QCOMPARE(output.standardOutput, QStringList());
+        const QStringList lines = withoutTime(output.standardError);
+        QCOMPARE(
+            lines.mid(0, 3),
+            QStringList(
+                {QStringLiteral("notice   no camera hardware is used: this SDK is a simulator"),
+                 QStringLiteral("notice   settings: built in; memory: off; plan: none; "
+                                "seed: 1"),
+                 QStringLiteral("notice   [camera] serial number 20417 on port *")}));
+        QCOMPARE(lines.mid(3), recordsOfTheProbe);
+    }
+
+    void theSimulatorSaysWhatItRunsOn()
+    {
+        Scene scene;
+        scene.write(QStringLiteral("simulator.ini"),
+                    "[simulator]\nseed=42\nmemory=kept\nplan=plan.ini\n"
+                    "[camera-a]\nports=ttyUSB0,COM3\nserialNumber=4294967295\n");
+        const QStringList lines = withoutTime(run().standardError);
+        QCOMPARE(
+            lines.mid(1, 2),
+            QStringList({QStringLiteral("notice   settings: %1; memory: %2; plan: %3, which is not "
+                                        "there yet; seed: 42")
+                             .arg(scene.path(QStringLiteral("simulator.ini")),
+                                  scene.path(QStringLiteral("kept")),
+                                  scene.path(QStringLiteral("plan.ini"))),
+                         QStringLiteral("notice   [camera-a] serial number 4294967295 on port "
+                                        "ttyUSB0, COM3")}));
+    }
+
+    void aLogFileGetsTheRecordsAfterThoseItHas_data()
+    {
+        QTest::addColumn<bool>("byVariable");
+        QTest::newRow("by the variable") << true;
+        QTest::newRow("by the settings") << false;
+    }
+
+    void aLogFileGetsTheRecordsAfterThoseItHas()
+    {
+        QFETCH(bool, byVariable);
+        Scene scene;
+        scene.write(QStringLiteral("other.log"), "of before\n");
+        if (!byVariable) {
+            scene.write(QStringLiteral("simulator.ini"), "[simulator]\nlog=other.log\n");
+        }
+        const Output output =
+            run(byVariable ? QStringList(QStringLiteral("TAVREL_SIMULATOR_LOG=other.log"))
+                           : QStringList());
+        QCOMPARE(output.standardError, QStringList());
+        const QStringList lines = QString::fromUtf8(scene.read(QStringLiteral("other.log")))
+                                      .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        QCOMPARE(lines.first(), QStringLiteral("of before"));
+        QCOMPARE(withoutTime(lines.mid(4)), recordsOfTheProbe);
+    }
+
+    void mistakesInTheSettingsAreToldOnStandardErrorAndInTheLogFile()
+    {
+        Scene scene;
+        scene.write(QStringLiteral("simulator.ini"), "[simulator]\nlog=other.log\nspeed=1\n");
+        const QString told = QStringLiteral("problem  %1: [simulator] speed: nothing is called so")
+                                 .arg(scene.path(QStringLiteral("simulator.ini")));
+        QCOMPARE(withoutTime(run().standardError), QStringList(told));
+        QVERIFY(QString::fromUtf8(scene.read(QStringLiteral("other.log"))).contains(told));
+    }
+
+    void aLogFileThatCannotBeOpenedIsToldAndTheLogStaysOnStandardError()
+    {
+        Scene scene;
+        QVERIFY(QDir().mkdir(QStringLiteral("other.log")));
+        const QStringList lines =
+            withoutTime(run({QStringLiteral("TAVREL_SIMULATOR_LOG=other.log")}).standardError);
+        QVERIFY2(lines.value(0).startsWith(QStringLiteral("problem  log file %1: ")
+                                               .arg(scene.path(QStringLiteral("other.log")))),
+                 qPrintable(lines.value(0)));
+        QCOMPARE(lines.mid(4), recordsOfTheProbe);
+    }
+
+    void theJournalHoldsEveryCallWithArgumentsAndAnswer_data()
+    {
+        QTest::addColumn<bool>("byVariable");
+        QTest::newRow("by the variable") << true;
+        QTest::newRow("by the settings") << false;
+    }
+
+    void theJournalHoldsEveryCallWithArgumentsAndAnswer()
+    {
+        QFETCH(bool, byVariable);
+        Scene scene;
+        if (!byVariable) {
+            scene.write(QStringLiteral("simulator.ini"), "[simulator]\njournal=journal.txt\n");
+        }
+        QCOMPARE(run(byVariable
+                         ? QStringList(QStringLiteral("TAVREL_SIMULATOR_JOURNAL=journal.txt"))
+                         : QStringList())
+                     .exitCode,
+                 0);
+        QCOMPARE(
+            scene.journal(),
+            QStringList({QStringLiteral("sdk initialize()"), QStringLiteral("sdk initialize()"),
+                         QStringLiteral("sdk createSerialLink()"),
+                         QStringLiteral("link openCamera(\"ttyUSB0\") = camera 20417"),
+                         QStringLiteral("camera 20417 connect() = 1"),
+                         QStringLiteral("camera 20417 getGamma() = 65536"),
+                         QStringLiteral("camera 20417 setGamma(65537) = 1"),
+                         QStringLiteral("camera 20417 configureZoom({2.5, 1, 2, 1}) = 1"),
+                         QStringLiteral("camera 20417 getZoom() = 1 {2.5, 1, 2, 1}"),
+                         QStringLiteral("link closeCamera(camera 20417)"),
+                         QStringLiteral("sdk releaseSerialLink()"),
+                         QStringLiteral("sdk saveConfiguration()")}));
+    }
+
+    void theJournalHoldsRecordsAndTheReasonOfAFailure()
+    {
+        Scene scene;
+        scene.write(QStringLiteral("plan.ini"),
+                    "[setGsk]\ncalls=always\n[getTint]\nvalue=4294967295\n"
+                    "[setTint]\nhangUp=true\n");
+        scene.restart("[simulator]\njournal=journal.txt\nplan=plan.ini\n");
+        ICamera& camera = scene.camera();
+        quint32 versions = 0;
+        camera.getVersions(&versions);
+        camera.refresh();
+        ombrix_sdk::Temperatures temperatures{};
+        camera.getTemperatures(&temperatures);
+        ombrix_sdk::OperatingTime time{};
+        camera.getOperatingTime(&time);
+        ombrix_sdk::EdgeCorrection edge{};
+        camera.getEdgeCorrection(&edge);
+        ombrix_sdk::ZoomResolution resolution{};
+        camera.getZoomResolution(&resolution);
+        ombrix_sdk::AhcGainsLimitation limits{};
+        camera.getAhcGainsLimitation(&limits);
+        std::uint8_t closed = 0;
+        camera.getShutterPosition(&closed);
+        camera.setPolarity(true);
+        camera.configureZoom(nullptr);
+        camera.setRoiX1(100, 2, true, false, true);
+        QByteArray bytes(scene::regionSize, '\0');
+        camera.readTableData(4096, 8192, 9, bytes.data());
+        std::vector<ombrix_sdk::ReplacementEntry> list;
+        int height = 480;
+        int width = 640;
+        camera.loadBadPixelList("no.bin", list, height, width);
+        camera.addBadPixels("no.bin", 0xFFFFFFFF, 3);
+        scene.configuration().setBaudRate(9600);
+        camera.setGsk(5);
+        camera.getTint();
+        camera.setTint(5);
+        camera.getGsk();
+        scene.link()->closeCamera(&camera);
+        camera.getGsk();
+        scene.open("COM1");
+        QCOMPARE(
+            scene.journal().mid(3),
+            QStringList(
+                {QStringLiteral("camera 20417 getVersions() = 570884418"),
+                 QStringLiteral("camera 20417 refresh() = 1"),
+                 QStringLiteral("camera 20417 getTemperatures() = 1 {304500, 318250}"),
+                 QStringLiteral("camera 20417 getOperatingTime() = 1 {5263, 118}"),
+                 QStringLiteral("camera 20417 getEdgeCorrection() = 1 {1, 40, 15, 55}"),
+                 QStringLiteral("camera 20417 getZoomResolution() = 1 {720, 576}"),
+                 QStringLiteral("camera 20417 getAhcGainsLimitation() = 1 {20, 80}"),
+                 QStringLiteral("camera 20417 getShutterPosition() = 1 0"),
+                 QStringLiteral("camera 20417 setPolarity(true) = 1"),
+                 QStringLiteral("camera 20417 configureZoom(null) = 0"),
+                 QStringLiteral("camera 20417 setRoiX1(100, 2, true, false, true) = 1"),
+                 QStringLiteral("camera 20417 readTableData(4096, 8192, 9) = 0"),
+                 QStringLiteral("camera 20417 loadBadPixelList(\"no.bin\", 480, 640) = 0 entries"),
+                 QStringLiteral("camera 20417 addBadPixels(\"no.bin\", 4294967295, 3) = 0"),
+                 QStringLiteral("configuration setBaudRate(9600)"),
+                 QStringLiteral("camera 20417 setGsk(5) = 0 [plan]"),
+                 QStringLiteral("camera 20417 getTint() = 4294967295 [plan]"),
+                 QStringLiteral("camera 20417 setTint(5) = 0 [no answer]"),
+                 QStringLiteral("camera 20417 getGsk() = 0 [no answer]"),
+                 QStringLiteral("link closeCamera(camera 20417)"),
+                 QStringLiteral("camera 20417 getGsk() = 0 [closed]"),
+                 QStringLiteral("sdk createSerialLink()"),
+                 QStringLiteral("link openCamera(\"COM1\") = null [no answer]")}));
+    }
+
+    void twoRunsOfTheSameProgramHaveTheSameJournal()
+    {
+        Scene scene;
+        const QStringList variables(QStringLiteral("TAVREL_SIMULATOR_JOURNAL=journal.txt"));
+        run(variables);
+        const QStringList first = scene.journal();
+        run(variables);
+        QVERIFY(first.size() > 10);
+        QCOMPARE(scene.journal(), first);
+    }
+
+    void aJournalThatCannotBeOpenedIsTold()
+    {
+        Scene scene;
+        QVERIFY(QDir().mkdir(QStringLiteral("journal.txt")));
+        scene.restart("[simulator]\njournal=journal.txt\n");
+        scene.camera();
+        QVERIFY(scene.newLog().value(0).startsWith(
+            QStringLiteral("problem  journal %1: ")
+                .arg(scene.path(QStringLiteral("journal.txt")))));
+    }
+
+    void theLogSaysWhyNoCameraAnswers()
+    {
+        Scene scene("[simulator]\nplan=plan.ini\n[camera]\nports=ttyUSB0\n");
+        scene.open("ttyUSB1");
+        scene.configuration().setBaudRate(9600);
+        scene.open();
+        scene.configuration().setBaudRate(115200);
+        scene.write(QStringLiteral("plan.ini"), "[openCamera]\ncalls=1\n[getGsk]\nhangUp=true\n");
+        scene.open();
+        scene.open()->getGsk();
+        scene.open();
+        QCOMPARE(scene.newLog().filter(QStringLiteral("openCamera")),
+                 QStringList(
+                     {QStringLiteral("notice   openCamera ttyUSB1: no camera is plugged in there"),
+                      QStringLiteral("notice   openCamera ttyUSB0: the camera talks at 115200 "
+                                     "baud, the link at 9600"),
+                      QStringLiteral(
+                          "notice   openCamera ttyUSB0: the plan does not let the camera answer"),
+                      QStringLiteral("notice   openCamera ttyUSB0: the camera hangs")}));
+    }
+
+    void aProcessThatEndsAndStartsAgainFindsItsMemory()
+    {
+        Scene scene;
+        const QStringList variables = {QStringLiteral("TAVREL_SIMULATOR_JOURNAL=journal.txt"),
+                                       QStringLiteral("TAVREL_SIMULATOR_MEMORY=kept")};
+        run(variables);
+        run(variables);
+        QVERIFY(scene.journal().contains(QStringLiteral("camera 20417 getGamma() = 65537")));
+        run(variables + QStringList(QStringLiteral("TAVREL_SIMULATOR_FACTORY_FRESH=1")));
+        QVERIFY(scene.journal().contains(QStringLiteral("camera 20417 getGamma() = 65536")));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestRecords)
+#include "tst_records.moc"
