@@ -5,8 +5,6 @@
 #include <QProxyStyle>
 
 class RevealingStyle : public QProxyStyle {
-    Q_OBJECT
-
 public:
     static constexpr int spacing = 17;
     static constexpr int margin = 19;
