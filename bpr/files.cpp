@@ -24,6 +24,17 @@ bool openForReplacement(QSaveFile& file)
     return file.open(QIODevice::WriteOnly);
 }
 
+/// Puts the new file in the old one's place, unless a part of it is missing. A write that runs out
+/// of room in the middle reports no error, only fewer bytes, and the commit does not tell whether
+/// the bytes that were still in the buffer found room.
+void finishReplacement(QSaveFile& file, bool complete)
+{
+    if (!complete || !file.flush()) {
+        file.cancelWriting();
+    }
+    file.commit();
+}
+
 } // namespace
 
 std::string bprFileName(std::uint32_t serial)
@@ -53,11 +64,8 @@ bool copyFile(const std::string& source, const std::string& destination)
         return false;
     }
     const QByteArray content = from.readAll();
-    // What could only be read in part must not take the place of a whole file.
-    if (from.error() == QFileDevice::NoError) {
-        to.write(content);
-        to.commit();
-    }
+    finishReplacement(to,
+                      from.error() == QFileDevice::NoError && to.write(content) == content.size());
     return true;
 }
 
@@ -67,10 +75,11 @@ void writeMap(const cv::Mat& map, const std::string& path)
     if (!openForReplacement(file)) {
         return;
     }
+    bool complete = true;
     for (int row = 0; row < map.rows; ++row) {
-        file.write(map.ptr<char>(row), map.cols);
+        complete = file.write(map.ptr<char>(row), map.cols) == map.cols && complete;
     }
-    file.commit();
+    finishReplacement(file, complete);
 }
 
 void writeNewMap(const cv::Mat& map, const std::string& path)
