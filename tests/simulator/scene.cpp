@@ -6,6 +6,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QRegularExpression>
 
 namespace scene {
 namespace {
@@ -129,6 +130,11 @@ QStringList Scene::newLog()
         line = line.mid(line.indexOf(mark) + mark.size());
     }
     return lines;
+}
+
+QStringList Scene::newProblems()
+{
+    return newLog().filter(QRegularExpression(QStringLiteral("^problem ")));
 }
 
 QStringList Scene::journal() const

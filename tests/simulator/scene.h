@@ -46,6 +46,8 @@ public:
 
     /// Lines of the log since the last call, without time and mark: "event    text".
     QStringList newLog();
+    /// Those of them that tell mistakes.
+    QStringList newProblems();
     /// Lines of the journal, which the settings or the environment must have switched on.
     QStringList journal() const;
 

@@ -49,7 +49,7 @@ private Q_SLOTS:
         QVERIFY(builtIn != QLatin1String(key.seen));
         scene.restart(line(section.constData(), key.name, key.text));
         QCOMPARE(key.read(scene), QLatin1String(key.seen));
-        QCOMPARE(scene.newLog(), QStringList());
+        QCOMPARE(scene.newProblems(), QStringList());
     }
 
     void aValueOfTheWrongKindIsToldAndTheBuiltInOneUsed_data() { keyRows(); }
@@ -63,7 +63,7 @@ private Q_SLOTS:
         const QString builtIn = key.read(scene);
         scene.restart(line(section.constData(), key.name, "much"));
         QCOMPARE(key.read(scene), builtIn);
-        const QStringList log = scene.newLog();
+        const QStringList log = scene.newProblems();
         QCOMPARE(log.size(), 1);
         const QString begin = QStringLiteral("problem  %1: [%2] %3: \"much\" is not ")
                                   .arg(scene.path(QStringLiteral("simulator.ini")),
@@ -141,7 +141,7 @@ private Q_SLOTS:
         QFETCH(QString, message);
         Scene scene("[camera]\n" + text + '\n');
         scene.camera();
-        const QStringList log = scene.newLog();
+        const QStringList log = scene.newProblems();
         QCOMPARE(log.size(), 1);
         QVERIFY2(log.at(0).endsWith(QStringLiteral("simulator.ini: ") + message),
                  qPrintable(log.at(0)));
@@ -167,7 +167,7 @@ private Q_SLOTS:
         QFETCH(QString, message);
         Scene scene(text + '\n');
         scene.camera();
-        const QStringList log = scene.newLog();
+        const QStringList log = scene.newProblems();
         QCOMPARE(log.size(), 1);
         QVERIFY2(log.at(0).endsWith(QStringLiteral("simulator.ini: ") + message +
                                     QStringLiteral(": nothing is called so")),
@@ -179,7 +179,7 @@ private Q_SLOTS:
         Scene scene("[camera]\nthis is no line of an INI file\ngamma=2.2\n");
         QCOMPARE(scene.camera().getGamma(), 144179U);
         QCOMPARE(
-            scene.newLog(),
+            scene.newProblems(),
             QStringList(QStringLiteral("problem  %1: a line is neither [section] nor key=value")
                             .arg(scene.path(QStringLiteral("simulator.ini")))));
     }
@@ -192,7 +192,7 @@ private Q_SLOTS:
         }
         Scene scene(rubbish);
         QCOMPARE(scene.camera().getGamma(), 65536U);
-        QVERIFY(!scene.newLog().isEmpty());
+        QVERIFY(!scene.newProblems().isEmpty());
     }
 
     void theVariableNamesAnotherFileThanTheOneInTheDirectory()
@@ -211,7 +211,7 @@ private Q_SLOTS:
         scene.restart();
         QCOMPARE(scene.camera().getGsk(), 6U);
         QCOMPARE(
-            scene.newLog(),
+            scene.newProblems(),
             QStringList(QStringLiteral("problem  %1: there is no such file, or it cannot be read")
                             .arg(scene.path(QStringLiteral("other.ini")))));
     }
@@ -261,7 +261,7 @@ private Q_SLOTS:
         Scene scene(ini({"[camera-a]", "ports=ttyUSB0", "[camera-b]", "ports=ttyUSB1"}));
         QVERIFY(scene.open("ttyUSB0") != nullptr);
         QVERIFY(scene.open("ttyUSB1") == nullptr);
-        QVERIFY(scene.newLog().value(0).endsWith(QStringLiteral(
+        QVERIFY(scene.newProblems().value(0).endsWith(QStringLiteral(
             "[camera-b] serialNumber: another camera has the number 20417; this one is "
             "left out")));
     }
@@ -295,7 +295,7 @@ private Q_SLOTS:
         QCOMPARE(tableOf(scene).count, 0);
         scene.restart("[camera]\nbadPixels=7:0\n");
         QCOMPARE(tableOf(scene).pixels, QVector<int>{7});
-        QCOMPARE(scene.newLog(), QStringList());
+        QCOMPARE(scene.newProblems(), QStringList());
     }
 
     void aListThatIsWrongIsToldAndTheFactorysUsed_data()
@@ -326,7 +326,7 @@ private Q_SLOTS:
         QFETCH(QString, reason);
         Scene scene("[camera]\nbadPixels=" + text + '\n');
         QCOMPARE(tableOf(scene).count, 37);
-        const QStringList log = scene.newLog();
+        const QStringList log = scene.newProblems();
         QCOMPARE(log.size(), 1);
         QVERIFY2(log.at(0).endsWith(QStringLiteral("[camera] badPixels: ") + reason +
                                     QStringLiteral("; the factory's bad pixels are used")),
@@ -361,7 +361,7 @@ private Q_SLOTS:
         }
         scene.restart("[camera]\ntableFile=region.bin\n");
         QCOMPARE(tableOf(scene).count, 37);
-        QVERIFY(scene.newLog().value(0).endsWith(QStringLiteral(
+        QVERIFY(scene.newProblems().value(0).endsWith(QStringLiteral(
             "[camera] tableFile: \"region.bin\" is no table region of 8192 bytes; the "
             "factory's bad pixels are used")));
     }
@@ -427,7 +427,7 @@ private Q_SLOTS:
             scene.restart();
         }
         const QByteArray factory = region(scene);
-        scene.newLog();
+        scene.newProblems();
         Scene::setVariable("TAVREL_SIMULATOR_SETTINGS", example);
         scene.restart();
         QCOMPARE(region(scene), factory);
@@ -435,7 +435,7 @@ private Q_SLOTS:
             QVERIFY2(all[row].read(scene) == builtIn[row], all[row].name);
             scene.restart();
         }
-        QCOMPARE(scene.newLog(), QStringList());
+        QCOMPARE(scene.newProblems(), QStringList());
 
         QSet<QString> named;
         static const QRegularExpression line(QStringLiteral("^;?(\\w+)=(.*)$"),
