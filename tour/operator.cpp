@@ -206,10 +206,9 @@ int Operator::drag(const Text& slider, int value)
 {
     waitForWindow();
     tell(QStringLiteral("Drag %1 to %2").arg(slider).arg(value));
-    const auto [from, to] = inGui([&] {
-        const int now = sight::find<QSlider>(slider).value();
-        return std::pair(sight::handlePlace(slider, now), sight::handlePlace(slider, value));
-    });
+    const QPoint from =
+        inGui([&] { return sight::handlePlace(slider, sight::find<QSlider>(slider).value()); });
+    const QPoint to = inGui([&] { return sight::handlePlace(slider, value); });
     mark(from);
     mark(to);
     pictureIsCurrent = false;

@@ -32,7 +32,7 @@ QString markedUp(const QString& line)
     const auto marked = [](const char* kind, const QString& text) {
         return QStringLiteral("<span class=\"%1\">%2</span>").arg(QLatin1String(kind), text);
     };
-    const QString escaped = line.toHtmlEscaped();
+    QString escaped = line.toHtmlEscaped();
     if (line.endsWith(QLatin1String(" OK"))) {
         return escaped.chopped(2) + marked("ok", QStringLiteral("OK"));
     }
