@@ -174,6 +174,20 @@ private Q_SLOTS:
         QVERIFY(newestIsSeen());
     }
 
+    void anEntryOfManyRowsIsSeenToItsEnd()
+    {
+        kit::Operator user;
+        auto& pane = user.find<QPlainTextEdit>("logView");
+        std::string entry = "row";
+        for (int row = 1; row < 60; ++row) {
+            entry += "\nrow " + std::to_string(row);
+        }
+        append(user, entry);
+        const QTextBlock last = pane.document()->lastBlock().previous();
+        QCOMPARE(last.text(), QStringLiteral("row 59"));
+        QVERIFY(pane.viewport()->rect().contains(pane.cursorRect(QTextCursor(last))));
+    }
+
     void olderLinesAreNeverTrimmed()
     {
         kit::Operator user;
