@@ -267,7 +267,7 @@ private Q_SLOTS:
             expected.append(QStringLiteral("camera.setRoi%1(50, 0, %2)")
                                 .arg(QLatin1String(coordinate.name), flags));
             QCOMPARE(user.calls(), QStringList(expected.last()));
-            // Equal ends only, so that no rule is broken on the way.
+            // Back to the end of its range, so that no rule is broken by the next one.
             user.find<QSpinBox>(box(0, coordinate.name))
                 .setValue(QByteArray(coordinate.name).endsWith('1') ? 5 : 475);
             user.rest();

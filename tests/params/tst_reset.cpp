@@ -131,6 +131,7 @@ private Q_SLOTS:
         };
         add(9, "9Hz", "camera.setFrameRate(9)");
         add(25, "25Hz", "camera.setFrameRate(25)");
+        add(30, "30Hz", "camera.setFrameRate(30)");
         add(50, "50Hz", "camera.setFrameRate(50)");
         add(60, "60Hz", "camera.setFrameRate(60)");
         add(0, "25Hz", "camera.setFrameRate(25)");
@@ -144,7 +145,7 @@ private Q_SLOTS:
         QFETCH(QString, shown);
         QFETCH(QStringList, calls);
         kit::Operator user;
-        user.sdk.camera.frameRate = 30;
+        user.sdk.camera.frameRate = standard == 30 ? 60 : 30;
         user.sdk.configuration.frameRate = static_cast<std::uint8_t>(standard);
         connectCamera(user);
         user.click("resetParamButtonUser");

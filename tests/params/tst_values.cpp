@@ -67,7 +67,6 @@ constexpr Value values[] = {
 };
 // clang-format on
 
-/// The send slots: their names, which others reach them by, and how often widgets trigger them.
 constexpr const char* sendSlots[] = {
     "gammaUserSendCommand",   "clheSendCommand", "sharpeningSendCommand",
     "ahcGainSendCommand",     "gskSendCommand",  "gfiSendCommand",
