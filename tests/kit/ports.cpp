@@ -42,7 +42,6 @@ void Ports::plug(const QString& name)
                             "E: DRIVER=ftdi_sio\n"
                             "\n"
                             "P: %2\n"
-                            "N: %3\n"
                             "E: DEVNAME=/dev/%3\n"
                             "E: SUBSYSTEM=tty\n")
                  .arg(adapterPath(name), ttyPath(name), name));
