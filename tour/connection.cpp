@@ -4,6 +4,8 @@
 #include "tour/adapter.h"
 #include "tour/sight.h"
 
+#include <QtGui/QScreen>
+
 namespace tour {
 
 void connectCamera(Operator& user)
@@ -18,6 +20,10 @@ void connectCamera(Operator& user)
                 return window != nullptr && window->isActiveWindow();
             },
             std::chrono::seconds(20));
+        user.expect("the whole window is on the screen", [] {
+            const QWidget* const window = sight::mainWindow();
+            return window->screen()->geometry().contains(window->geometry());
+        });
         user.expectText("selectDeviceComboBox", "");
         user.expectEnabled("connectDeviceButton", false);
         user.expectEnabled("tabWidget", false);
