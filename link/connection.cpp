@@ -6,10 +6,24 @@
 #include <QtCore/QTimer>
 #include <QtWidgets/QMessageBox>
 
+#include <algorithm>
+#include <limits>
 #include <string_view>
 #include <utility>
 
 using ombrix_sdk::OmbrixSdk;
+
+namespace {
+
+/// The end of a slider's range. Where minimum and maximum lie more than 31 bits apart, Qt cannot
+/// place the handle and divides by zero.
+std::int32_t sliderEnd(std::int32_t minimum, std::int32_t maximum)
+{
+    constexpr std::int64_t widest = std::numeric_limits<std::int32_t>::max();
+    return static_cast<std::int32_t>(std::min<std::int64_t>(maximum, minimum + widest));
+}
+
+} // namespace
 
 void MainWindow::connectDevice()
 {
@@ -85,7 +99,8 @@ void MainWindow::setupExpertSliders()
         OmbrixSdk::get_instance()->getConfiguration();
     for (const tavrel::ExpertValue* value : tavrel::expertValues) {
         QSlider* slider = ui->*value->pair.slider;
-        slider->setRange(configuration->*value->minimum, configuration->*value->maximum);
+        const std::int32_t minimum = configuration->*value->minimum;
+        slider->setRange(minimum, sliderEnd(minimum, configuration->*value->maximum));
         slider->setEnabled(true);
         slider->setOrientation(Qt::Horizontal);
         slider->setTickInterval(1);

@@ -166,6 +166,23 @@ private Q_SLOTS:
         QCOMPARE(user.find<QDoubleSpinBox>(row().box).value(), row().boxHasLimits ? 10.0 : 5.0);
     }
 
+    void limitsTooFarApartForASliderEndItEarlier_data() { addRows(); }
+    void limitsTooFarApartForASliderEndItEarlier()
+    {
+        kit::Operator user;
+        Configuration& configuration = user.sdk.configurationObject();
+        configuration.*row().minimum = -1;
+        configuration.*row().maximum = std::numeric_limits<std::int32_t>::max();
+        user.sdk.configuration.expertMode = 1;
+        user.connectCamera();
+        user.showTab("Expert");
+        auto& slider = user.find<QSlider>(row().slider);
+        QCOMPARE(slider.minimum(), -1);
+        QCOMPARE(slider.maximum(), std::numeric_limits<int>::max() - 1);
+        // Painting places the handle, which Qt cannot do on a longer scale.
+        QVERIFY(!slider.grab().isNull());
+    }
+
     void theWidestLimitsFit_data() { addRows(); }
     void theWidestLimitsFit()
     {
