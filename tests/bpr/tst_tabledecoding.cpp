@@ -3,6 +3,8 @@
 
 #include <QtTest/QTest>
 
+#include <opencv2/core.hpp>
+
 #include <algorithm>
 #include <numeric>
 #include <vector>
@@ -49,6 +51,75 @@ Indexes marksOf(const cv::Mat& map)
     }
     return marks;
 }
+
+/// Memory behind which nothing can be touched without ending the program.
+class GuardedMemory {
+public:
+    explicit GuardedMemory(std::size_t size)
+    {
+        const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+        const std::size_t room = (size + page - 1) / page * page;
+        length = room + page;
+        memory =
+            ::mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        auto* const barred = static_cast<std::uint8_t*>(memory) + room;
+        if (memory == MAP_FAILED || ::mprotect(barred, page, PROT_NONE) != 0) {
+            qFatal("no guarded memory");
+        }
+        first = barred - size;
+    }
+    ~GuardedMemory() { ::munmap(memory, length); }
+    GuardedMemory(const GuardedMemory&) = delete;
+    GuardedMemory& operator=(const GuardedMemory&) = delete;
+
+    std::uint8_t* first; ///< the last byte of the size asked for is followed by the barred page
+
+private:
+    void* memory;
+    std::size_t length;
+};
+
+/// Gives OpenCV guarded memory for its matrices while it lives.
+class GuardedMatrices : public cv::MatAllocator {
+public:
+    GuardedMatrices() : previous(cv::Mat::getDefaultAllocator())
+    {
+        cv::Mat::setDefaultAllocator(this);
+    }
+    ~GuardedMatrices() override { cv::Mat::setDefaultAllocator(previous); }
+    GuardedMatrices(const GuardedMatrices&) = delete;
+    GuardedMatrices& operator=(const GuardedMatrices&) = delete;
+
+    cv::UMatData* allocate(int dimensions, const int* sizes, int type, void* /*data*/,
+                           std::size_t* steps, cv::AccessFlag /*flags*/,
+                           cv::UMatUsageFlags /*usage*/) const override
+    {
+        auto size = static_cast<std::size_t>(CV_ELEM_SIZE(type));
+        for (int dimension = dimensions - 1; dimension >= 0; --dimension) {
+            steps[dimension] = size;
+            size *= static_cast<std::size_t>(sizes[dimension]);
+        }
+        auto* const memory = new GuardedMemory(size);
+        auto* const data = new cv::UMatData(this);
+        data->handle = memory;
+        data->data = data->origdata = memory->first;
+        data->size = size;
+        return data;
+    }
+    bool allocate(cv::UMatData* /*data*/, cv::AccessFlag /*flags*/,
+                  cv::UMatUsageFlags /*usage*/) const override
+    {
+        return false;
+    }
+    void deallocate(cv::UMatData* data) const override
+    {
+        delete static_cast<GuardedMemory*>(data->handle);
+        delete data;
+    }
+
+private:
+    cv::MatAllocator* previous;
+};
 
 Indexes upTo(std::uint64_t last)
 {
@@ -171,21 +242,21 @@ private Q_SLOTS:
 
     void nothingIsReadBehindTheRegion()
     {
-        // A full table whose last byte is the last one that may be touched.
-        const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
-        const std::size_t room = (tavrel::bpr::regionLength + page - 1) / page * page;
-        void* const memory = ::mmap(nullptr, room + page, PROT_READ | PROT_WRITE,
-                                    MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-        QVERIFY(memory != MAP_FAILED);
-        auto* const barred = static_cast<std::uint8_t*>(memory) + room;
-        QCOMPARE(::mprotect(barred, page, PROT_NONE), 0);
-        const std::span<std::uint8_t, tavrel::bpr::regionLength> region(
-            barred - tavrel::bpr::regionLength, tavrel::bpr::regionLength);
         const Region full = regionOf(upTo(1024));
-        std::copy(full.begin(), full.end(), region.begin());
-        const int count = tavrel::bpr::decodeTable(region).count;
-        ::munmap(memory, room + page);
-        QCOMPARE(count, 1024);
+        const GuardedMemory memory(full.size());
+        std::copy(full.begin(), full.end(), memory.first);
+        const std::span<const std::uint8_t, tavrel::bpr::regionLength> region(memory.first,
+                                                                              full.size());
+        QCOMPARE(tavrel::bpr::decodeTable(region).count, 1024);
+    }
+
+    void nothingIsMarkedBehindTheMap()
+    {
+        const GuardedMatrices guarded;
+        const DecodedTable table =
+            tavrel::bpr::decodeTable(regionOf({pastTheMap, 307199, pastTheMap}));
+        QCOMPARE(table.count, 3);
+        QCOMPARE(marksOf(table.map), (Indexes{307199}));
     }
 };
 
