@@ -206,6 +206,29 @@ private Q_SLOTS:
         QCOMPARE(user.find<QDoubleSpinBox>(row->box).minimum(), row->boxHasLimits ? 100.0 : 0.0);
     }
 
+    void everyConnectionSetsTheSlidersUpAgain_data() { everyRow(); }
+    void everyConnectionSetsTheSlidersUpAgain()
+    {
+        QFETCH(const Row*, row);
+        kit::Operator user;
+        user.connectCamera();
+        auto& slider = user.find<QSlider>(row->slider);
+        slider.setEnabled(false);
+        slider.setOrientation(Qt::Vertical);
+        slider.setTickInterval(3);
+        slider.setSingleStep(3);
+        slider.setPageStep(3);
+        auto& box = user.find<QDoubleSpinBox>(row->box);
+        box.setSingleStep(3.0);
+        disconnectAndConnect(user);
+        QVERIFY(slider.isEnabled());
+        QCOMPARE(slider.orientation(), Qt::Horizontal);
+        QCOMPARE(slider.tickInterval(), 1);
+        QCOMPARE(slider.singleStep(), 1);
+        QCOMPARE(slider.pageStep(), 10);
+        QCOMPARE(box.singleStep(), 1.0);
+    }
+
     void whatTheOperatorLeftIsReplacedByTheConfigurationAtTheNextConnection()
     {
         kit::Operator user;
