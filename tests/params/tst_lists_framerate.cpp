@@ -128,9 +128,9 @@ private Q_SLOTS:
 
     void theLineIsLoggedBeforeTheButtonIsReset()
     {
+        QStringList logAtTheReset;
         kit::Operator user;
         connectWithTestPattern(user, rates[1]);
-        QStringList logAtTheReset;
         connect(&user.find<QPushButton>("TestPatternButton"), &QPushButton::toggled, this,
                 [&] { logAtTheReset = user.newLog(); });
         user.choose("frameRateCB", "25Hz");

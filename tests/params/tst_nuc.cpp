@@ -107,10 +107,10 @@ private Q_SLOTS:
 
     void theAutomaticRoutineBlocksTheWindowAndThenReadsTheShutter()
     {
-        kit::Operator user;
-        user.connectCamera();
         QElapsedTimer clock;
         bool otherEventsRan = false;
+        kit::Operator user;
+        user.connectCamera();
         user.sdk.whenCalled("camera.requestNuc", [&] {
             clock.start();
             QTimer::singleShot(0, &user.window(), [&] { otherEventsRan = true; });

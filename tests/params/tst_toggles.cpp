@@ -240,12 +240,12 @@ private Q_SLOTS:
     {
         QFETCH(const Toggle*, toggle);
         QFETCH(bool, on);
+        QString captionAtTheCall;
+        QString captionAtTheLine;
         kit::Operator user;
         connectBefore(user, *toggle, on);
-        QString captionAtTheCall;
         user.sdk.whenCalled(toggle->operation,
                             [&] { captionAtTheCall = user.text(toggle->button); });
-        QString captionAtTheLine;
         connect(&user.find<QPlainTextEdit>("logView"), &QPlainTextEdit::textChanged, this,
                 [&] { captionAtTheLine = user.text(toggle->button); });
         user.click(toggle->button);
