@@ -19,6 +19,8 @@ namespace {
 
 /// Longest time for one deed, in seconds, before the program counts as stuck.
 constexpr unsigned patience = 120;
+/// Fewer deeds than this may well pass without a connection.
+constexpr quint64 fewDeeds = 500;
 /// Deeds before the window is closed and a new one opened.
 constexpr quint64 deedsPerWindow = 1000;
 
@@ -84,8 +86,8 @@ private Q_SLOTS:
         window->close();
         qInfo("seed %llu: %llu deeds, %llu of them with a camera, %d boxes", seed, steps, online,
               monkey.boxes());
-        // Most controls are out of reach without a camera.
-        QVERIFY(online > steps / 4);
+        // Most controls are out of reach without a camera; only a few deeds prove nothing.
+        QVERIFY(online > steps / 4 || steps < fewDeeds);
     }
 };
 
