@@ -108,7 +108,8 @@ private:
             << "<p>The program as it was built, worked by real mouse and keyboard events, with a "
                "simulated camera on a simulated serial port. Each step shows the screen beside the "
                "lines that the step added to the event log. The numbered rings are the operator's "
-               "clicks; a click on a picture shows it in full size. Taken on "
+               "clicks and fade under the pointer; a click on a picture shows it in full size. "
+               "Taken on "
             << QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd, hh:mm"))
             << ".</p>\n<div class=\"verdict" << (failures == 0 ? "" : " failed") << "\">";
         if (failures == 0) {
