@@ -503,6 +503,15 @@ private Q_SLOTS:
         QCOMPARE(journal(user), expected);
     }
 
+    void anyByteButZeroIsSuccess()
+    {
+        kit::Operator user;
+        connectAndPrepare(user);
+        user.sdk.answerEveryCommand(254);
+        QVERIFY(apply(user));
+        QCOMPARE(journal(user), allAccepted());
+    }
+
     void everythingRefusedButTheBaudRateWarnsOfNothingAndSaves()
     {
         kit::Operator user;
