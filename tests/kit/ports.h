@@ -1,12 +1,12 @@
-// Serial ports without hardware: a udev testbed in which ports are plugged and unplugged while the
-// program runs, so that QSerialPortInfo itself lists them. A new Ports is a machine whose only tty
-// is a console, that is, one without any serial port.
+// Serial ports without hardware, plugged and unplugged while the program runs, where
+// QSerialPortInfo itself finds them: in a udev testbed on Linux, in the registry's list of ports on
+// Windows. A new Ports is a machine without any serial port.
 #pragma once
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
-struct _UMockdevTestbed;
+#include <memory>
 
 namespace kit {
 
@@ -24,9 +24,9 @@ public:
     [[nodiscard]] QStringList plugged() const;
 
 private:
-    void describe(const QString& device);
+    class Machine; ///< where this system keeps its ports
 
-    _UMockdevTestbed* testbed;
+    std::unique_ptr<Machine> machine;
     QStringList names;
 };
 
