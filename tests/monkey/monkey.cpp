@@ -448,9 +448,25 @@ void Monkey::closeBox(QDialog& dialog)
         dialog.close();
         break;
     }
+    // A key that found the box inactive was lost, as it would be for a person: once more then.
+    if (dialog.isVisible()) {
+        dialog.activateWindow();
+        QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape);
+    }
     if (dialog.isVisible()) {
         trouble = QStringLiteral("the box \"%1\" does not close").arg(dialog.windowTitle());
         dialog.close();
+    }
+}
+
+/// Strikes a key in a list or menu. The press may end it; its window is gone then, and the release
+/// goes nowhere.
+void Monkey::strike(QWidget& list, Qt::Key key)
+{
+    const QPointer<QWindow> surface = list.windowHandle();
+    QTest::keyPress(surface, key);
+    if (!surface.isNull() && surface->isVisible()) {
+        QTest::keyRelease(surface, key);
     }
 }
 
@@ -466,11 +482,10 @@ void Monkey::leaveLists()
         // The entries of a menu are Qt's own; a list's entries are the tool's.
         const bool menu = qobject_cast<QMenu*>(list) != nullptr;
         for (int moves = menu ? 0 : draw.between(0, 3); moves > 0 && !list.isNull(); --moves) {
-            QTest::keyClick(list->windowHandle(), draw.oneOf(inside));
+            strike(*list, draw.oneOf(inside));
         }
         if (!list.isNull() && list->isVisible()) {
-            QTest::keyClick(list->windowHandle(),
-                            menu || draw.oneIn(3) ? Qt::Key_Escape : Qt::Key_Return);
+            strike(*list, menu || draw.oneIn(3) ? Qt::Key_Escape : Qt::Key_Return);
         }
     }
     if (QWidget* const list = QApplication::activePopupWidget()) {

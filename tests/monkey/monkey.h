@@ -70,6 +70,7 @@ private:
     void meddle(QDialog& dialog);
     void inspect(const QDialog& dialog);
     void closeBox(QDialog& dialog);
+    static void strike(QWidget& list, Qt::Key key);
     void leaveLists();
 
     Draw draw;
