@@ -299,7 +299,22 @@ private Q_SLOTS:
         QCOMPARE(user.calls(), line(sent));
     }
 
-    void theSpinBoxIsSentAndNotTheSlider()
+    void theSpinBoxIsSentEvenWhenTheSliderIsElsewhere_data() { everyValue(); }
+    void theSpinBoxIsSentEvenWhenTheSliderIsElsewhere()
+    {
+        QFETCH(const Value*, value);
+        kit::Operator user;
+        connectCamera(user);
+        {
+            auto& slider = user.find<QSlider>(value->slider);
+            const QSignalBlocker noMirror(slider);
+            slider.setValue(value->target);
+        }
+        user.press(value->box, Qt::Key_Tab);
+        QCOMPARE(user.calls(), line(value->asRead));
+    }
+
+    void aValueBeyondItsSliderIsSentWhenTheHandleIsLetGo()
     {
         kit::Operator user;
         connectCamera(user);
