@@ -110,11 +110,6 @@ std::optional<BadPixelMap> BadPixelMap::load(const QString& path, QString* reaso
     if (!content) {
         return std::nullopt;
     }
-    if (content->size() != pixelCount) {
-        *reason =
-            QStringLiteral("it holds %1 bytes instead of %2").arg(content->size()).arg(pixelCount);
-        return std::nullopt;
-    }
     const auto foreign = std::find_if(content->cbegin(), content->cend(),
                                       [](char byte) { return byte != '\0' && byte != '\1'; });
     if (foreign != content->cend()) {
@@ -233,11 +228,23 @@ QByteArray encodeTable(const std::vector<ReplacementEntry>& entries)
     return table;
 }
 
+namespace {
+
+/// Takes away what would pass for a new table; where the folder forbids that, its content.
+void discardTableFile()
+{
+    if (QFile::exists(tableFile) && !QFile::remove(tableFile)) {
+        QFile::resize(tableFile, 0);
+    }
+}
+
+} // namespace
+
 bool treatMapFile(const QString& path, int height, int width, std::vector<ReplacementEntry>& list,
                   QString* reason)
 {
     list.clear();
-    QFile::remove(tableFile);
+    discardTableFile();
     if (height != sensorHeight || width != sensorWidth) {
         *reason = QStringLiteral("the sensor has %1 lines of %2 pixels, not %3 of %4")
                       .arg(sensorHeight)
@@ -272,7 +279,7 @@ bool isTreatmentFault(const QString& word)
 void spoilTreatment(const QString& word, std::vector<ReplacementEntry>& list)
 {
     list.assign(static_cast<std::size_t>(word.toInt()), ReplacementEntry{});
-    QFile::remove(tableFile);
+    discardTableFile();
     QString reason;
     if (word == emptyFile) {
         writeFile(tableFile, {}, &reason);

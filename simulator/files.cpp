@@ -11,7 +11,7 @@ QString pathFromBytes(const std::string& path)
     return QFile::decodeName(QByteArray::fromStdString(path));
 }
 
-std::optional<QByteArray> readFile(const QString& path, qint64 limit, QString* reason)
+std::optional<QByteArray> readFile(const QString& path, qint64 size, QString* reason)
 {
     if (QFileInfo(path).isDir()) {
         *reason = QStringLiteral("it is a folder");
@@ -22,13 +22,13 @@ std::optional<QByteArray> readFile(const QString& path, qint64 limit, QString* r
         *reason = file.errorString();
         return std::nullopt;
     }
-    const QByteArray content = file.read(limit + 1);
+    const QByteArray content = file.read(size + 1);
     if (file.error() != QFileDevice::NoError) {
         *reason = file.errorString();
         return std::nullopt;
     }
-    if (content.size() > limit) {
-        *reason = QStringLiteral("it is longer than %1 bytes").arg(limit);
+    if (content.size() != size) {
+        *reason = QStringLiteral("it does not hold %1 bytes").arg(size);
         return std::nullopt;
     }
     return content;

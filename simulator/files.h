@@ -12,8 +12,8 @@ namespace simulator {
 /// A path as it crosses the boundary: in the 8-bit encoding of the system.
 QString pathFromBytes(const std::string& path);
 
-/// The content, or nothing and the reason. A file longer than the limit is refused unread.
-std::optional<QByteArray> readFile(const QString& path, qint64 limit, QString* reason);
+/// The content of a file that must hold exactly this many bytes, or nothing and the reason.
+std::optional<QByteArray> readFile(const QString& path, qint64 size, QString* reason);
 
 /// Replaces the file by the content: the old content or the new one is there at any time, never a
 /// part, unless the folder forbids new files; then the file is written in place.

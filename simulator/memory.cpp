@@ -112,14 +112,11 @@ bool Memory::loadCamera(std::uint32_t serialNumber, ParameterValues& values, QBy
     }
     QString reason;
     if (QFileInfo::exists(tableFile(serialNumber))) {
-        const auto content = readFile(tableFile(serialNumber), tableLength, &reason);
-        if (content && content->size() == tableLength) {
+        if (const auto content = readFile(tableFile(serialNumber), tableLength, &reason)) {
             table = *content;
         } else {
             reportDamage(tableFile(serialNumber),
-                         QStringLiteral("%1: it is no table region of %2 bytes")
-                             .arg(tableFile(serialNumber))
-                             .arg(tableLength));
+                         QStringLiteral("%1: %2").arg(tableFile(serialNumber), reason));
         }
     }
     if (!QFileInfo::exists(cameraFile(serialNumber))) {

@@ -166,16 +166,13 @@ void readTable(IniFile& ini, const QString& file, CameraSettings& camera)
         }
     }
     if (const auto path = ini.text(camera.section, fileKey)) {
-        const auto content = readFile(resolve(file, *path), tableLength, &reason);
-        if (content && content->size() == tableLength) {
+        if (const auto content = readFile(resolve(file, *path), tableLength, &reason)) {
             camera.table = *content;
         } else {
             ini.addProblem(
                 camera.section, fileKey,
-                QStringLiteral("\"%1\" is no table region of %2 bytes; the factory's bad "
-                               "pixels are used")
-                    .arg(*path)
-                    .arg(tableLength));
+                QStringLiteral("\"%1\" is no table region: %2; the factory's bad pixels are used")
+                    .arg(*path, reason));
         }
     }
 }

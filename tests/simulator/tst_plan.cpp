@@ -387,6 +387,16 @@ private Q_SLOTS:
         QCOMPARE(time.startups, 119U);
     }
 
+    void aPlanThatChangesOtherwiseLeavesThePowerOn()
+    {
+        Planned scene("[power]\ncycles=3\n");
+        ICamera& camera = scene.camera();
+        camera.setTestPattern(true);
+        scene.write(planFile, "[power]\ncycles=3\n[setGsk]\ncalls=always\n");
+        QCOMPARE(camera.setGsk(1), Flag{0});
+        QCOMPARE(camera.getTestPattern(), Flag{1});
+    }
+
     void theVariableNamesThePlanBeforeTheSettings()
     {
         Planned scene("[setGsk]\ncalls=always\n");

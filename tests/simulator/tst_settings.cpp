@@ -347,23 +347,31 @@ private Q_SLOTS:
     void aTableFileOfAnotherSizeIsToldAndTheFactorysUsed_data()
     {
         QTest::addColumn<int>("size");
-        QTest::newRow("short") << scene::regionSize - 1;
-        QTest::newRow("long") << scene::regionSize + 1;
-        QTest::newRow("missing") << -1;
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("short") << scene::regionSize - 1
+                               << QStringLiteral("it does not hold 8192 bytes");
+        QTest::newRow("long") << scene::regionSize + 1
+                              << QStringLiteral("it does not hold 8192 bytes");
+        QTest::newRow("missing") << -1 << QString();
     }
 
     void aTableFileOfAnotherSizeIsToldAndTheFactorysUsed()
     {
         QFETCH(int, size);
+        QFETCH(QString, reason);
         Scene scene;
         if (size >= 0) {
             scene.write(QStringLiteral("region.bin"), QByteArray(size, '\x5A'));
         }
         scene.restart("[camera]\ntableFile=region.bin\n");
         QCOMPARE(tableOf(scene).count, 37);
-        QVERIFY(scene.newProblems().value(0).endsWith(QStringLiteral(
-            "[camera] tableFile: \"region.bin\" is no table region of 8192 bytes; the "
-            "factory's bad pixels are used")));
+        const QString told = scene.newProblems().value(0);
+        QVERIFY2(told.contains(
+                     QStringLiteral("[camera] tableFile: \"region.bin\" is no table region: ")),
+                 qPrintable(told));
+        QVERIFY2(told.contains(reason), qPrintable(told));
+        QVERIFY2(told.endsWith(QStringLiteral("; the factory's bad pixels are used")),
+                 qPrintable(told));
     }
 
     // ---- baud rates

@@ -107,6 +107,17 @@ private Q_SLOTS:
         QCOMPARE(minutes(camera), 71U);
     }
 
+    void operatingMinutesGoOnAfterAPowerCycle()
+    {
+        Scene scene("[simulator]\nmanualClock=true\n[camera]\noperatingMinutes=10\n");
+        ICamera& camera = scene.camera();
+        advanceClock(5 * 60'000);
+        QCOMPARE(minutes(camera), 15U);
+        ombrix_simulator::cyclePower();
+        advanceClock(60'000);
+        QCOMPARE(minutes(camera), 16U);
+    }
+
     void operatingMinutesStopAtTheirEnd()
     {
         Scene scene("[simulator]\nmanualClock=true\n[camera]\noperatingMinutes=4294967290\n");
