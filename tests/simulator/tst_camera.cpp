@@ -261,17 +261,16 @@ private Q_SLOTS:
         ICamera& camera = scene.camera();
         camera.setRoiX1(100, 3, true, true, true);
         camera.setRoiX2(200, 3, true, true, true);
+        camera.setRoiY1(50, 0, false, false, false);
+        QCOMPARE(firstCoordinates(camera), QVector<quint32>({5, 0, 0, 0}));
+        QCOMPARE(camera.getRoiX2(3), 200U);
         // The flags are those of ROI1 inclusive, ROI0 exclusive and ROI1 exclusive, in this order.
         camera.setRoiY1(50, 0, true, false, false);
-        QCOMPARE(camera.getRoiX1(0), 5U);
-        QCOMPARE(camera.getRoiX1(1), 0U);
-        QCOMPARE(camera.getRoiX1(2), 160U);
-        QCOMPARE(camera.getRoiX1(3), 0U);
-        QCOMPARE(camera.getRoiX2(3), 200U);
-        camera.setRoiY1(50, 0, false, true, true);
-        QCOMPARE(camera.getRoiX1(1), 10U);
-        QCOMPARE(camera.getRoiX1(2), 0U);
-        QCOMPARE(camera.getRoiX1(3), 100U);
+        QCOMPARE(firstCoordinates(camera), QVector<quint32>({5, 0, 160, 0}));
+        camera.setRoiY1(50, 0, false, true, false);
+        QCOMPARE(firstCoordinates(camera), QVector<quint32>({5, 10, 0, 0}));
+        camera.setRoiY1(50, 0, false, false, true);
+        QCOMPARE(firstCoordinates(camera), QVector<quint32>({5, 0, 0, 100}));
     }
 
     void theNucIsSwitchedBy2And0Only()
@@ -502,6 +501,11 @@ private:
         for (int row = 0; row < all.size(); ++row) {
             QTest::newRow(all[row].name) << row;
         }
+    }
+
+    static QVector<quint32> firstCoordinates(ICamera& camera)
+    {
+        return {camera.getRoiX1(0), camera.getRoiX1(1), camera.getRoiX1(2), camera.getRoiX1(3)};
     }
 
     static int shutter(ICamera& camera)
