@@ -2,10 +2,9 @@
 // right, so this program gives up its own before it begins.
 #include "tests/bpr/monitoringpace.h"
 #include "tests/bpr/tablefiles.h"
+#include "tests/kit/rights.h"
 
-#include <sys/prctl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 using tablefiles::mapOf;
 
@@ -14,17 +13,6 @@ namespace {
 constexpr mode_t readOnly = S_IRUSR;
 constexpr mode_t writeOnly = S_IWUSR;
 constexpr mode_t noRights = 0;
-
-bool giveUpRights()
-{
-    constexpr uid_t nobody = 65534;
-    if (::geteuid() != 0) {
-        return true;
-    }
-    // Dumpable again, because the leak check looks into its own process.
-    return ::setgid(nobody) == 0 && ::setuid(nobody) == 0 &&
-           ::prctl(PR_SET_DUMPABLE, 1, 0, 0, 0) == 0;
-}
 
 void setRights(const QString& path, mode_t rights)
 {
@@ -225,7 +213,7 @@ private Q_SLOTS:
 
 int main(int argc, char* argv[])
 {
-    if (!giveUpRights()) {
+    if (!kit::giveUpRights()) {
         qFatal("the superuser's rights cannot be given up");
     }
     kit::prepareProcess();

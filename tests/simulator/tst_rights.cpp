@@ -1,5 +1,6 @@
 // The simulator where the user lacks the right to read or write. The superuser has every right, so
 // this program gives up its own before it begins.
+#include "tests/kit/rights.h"
 #include "tests/simulator/scene.h"
 #include "tests/simulator/table.h"
 
@@ -7,9 +8,7 @@
 #include <QtCore/QFile>
 #include <QtTest/QTest>
 
-#include <sys/prctl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 using ombrix_sdk::Flag;
 using ombrix_sdk::ICamera;
@@ -20,17 +19,6 @@ namespace {
 constexpr mode_t readOnly = S_IRUSR;
 constexpr mode_t writeOnly = S_IWUSR;
 constexpr mode_t closedFolder = S_IRUSR | S_IXUSR;
-
-bool giveUpRights()
-{
-    constexpr uid_t nobody = 65534;
-    if (::geteuid() != 0) {
-        return true;
-    }
-    // Dumpable again, because the leak check looks into its own process.
-    return ::setgid(nobody) == 0 && ::setuid(nobody) == 0 &&
-           ::prctl(PR_SET_DUMPABLE, 1, 0, 0, 0) == 0;
-}
 
 /// Changes the rights of a file or folder and gives them back at the end.
 class Rights {
@@ -174,7 +162,7 @@ private Q_SLOTS:
 
 int main(int argc, char* argv[])
 {
-    if (!giveUpRights()) {
+    if (!kit::giveUpRights()) {
         qFatal("this program keeps its rights");
     }
     QCoreApplication application(argc, argv);
