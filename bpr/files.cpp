@@ -17,23 +17,52 @@ QString nativeName(const std::string& path)
     return QFile::decodeName(path.c_str());
 }
 
-/// Opens a file for replacement as a whole; where the folder allows no second file, in place.
-bool openForReplacement(QSaveFile& file)
-{
-    file.setDirectWriteFallback(true);
-    return file.open(QIODevice::WriteOnly);
-}
+/// A file that is replaced as a whole: another one is written beside it and then takes its place.
+/// Where none can take it (closed folder, device, mount point), the file itself is written over.
+class Replacement {
+public:
+    explicit Replacement(const QString& name) : beside(name), inPlace(name) {}
 
-/// Puts the new file in the old one's place, unless a part of it is missing. A write that runs out
-/// of room in the middle reports no error, only fewer bytes, and the commit does not tell whether
-/// the bytes that were still in the buffer found room.
-void finishReplacement(QSaveFile& file, bool complete)
-{
-    if (!complete || !file.flush()) {
-        file.cancelWriting();
+    /// Whether there is somewhere to write; changes nothing yet.
+    bool open()
+    {
+        const QFileInfo old(inPlace.fileName());
+        const bool replaceable = !old.exists() || old.isFile();
+        return (replaceable && beside.open(QIODevice::WriteOnly)) || openInPlace();
     }
-    file.commit();
-}
+
+    void write(const QByteArray& content)
+    {
+        if (inPlace.isOpen() || !writeBeside(content)) {
+            writeInPlace(content);
+        }
+    }
+
+private:
+    /// Not emptied, so that a full disk still has the old content's room for the new one.
+    bool openInPlace() { return inPlace.open(QIODevice::ReadWrite | QIODevice::ExistingOnly); }
+
+    void writeInPlace(const QByteArray& content)
+    {
+        if (inPlace.write(content) == content.size() && inPlace.flush()) {
+            inPlace.resize(content.size());
+        }
+    }
+
+    /// False when the file is open for writing in place instead.
+    bool writeBeside(const QByteArray& content)
+    {
+        // A write that runs out of room in the middle reports no error, only fewer bytes, and the
+        // commit does not tell whether the bytes that were still in the buffer found room.
+        if (beside.write(content) != content.size() || !beside.flush()) {
+            beside.cancelWriting();
+        }
+        return beside.commit() || beside.error() != QFileDevice::RenameError || !openInPlace();
+    }
+
+    QSaveFile beside;
+    QFile inPlace;
+};
 
 } // namespace
 
@@ -59,27 +88,28 @@ bool copyFile(const std::string& source, const std::string& destination)
     if (!from.open(QIODevice::ReadOnly)) {
         return false;
     }
-    QSaveFile to(nativeName(destination));
-    if (!openForReplacement(to)) {
+    Replacement to(nativeName(destination));
+    if (!to.open()) {
         return false;
     }
     const QByteArray content = from.readAll();
-    finishReplacement(to,
-                      from.error() == QFileDevice::NoError && to.write(content) == content.size());
+    if (from.error() == QFileDevice::NoError) {
+        to.write(content);
+    }
     return true;
 }
 
 void writeMap(const cv::Mat& map, const std::string& path)
 {
-    QSaveFile file(nativeName(path));
-    if (!openForReplacement(file)) {
+    Replacement file(nativeName(path));
+    if (!file.open()) {
         return;
     }
-    bool complete = true;
+    QByteArray content;
     for (int row = 0; row < map.rows; ++row) {
-        complete = file.write(map.ptr<char>(row), map.cols) == map.cols && complete;
+        content.append(map.ptr<char>(row), map.cols);
     }
-    finishReplacement(file, complete);
+    file.write(content);
 }
 
 void writeNewMap(const cv::Mat& map, const std::string& path)

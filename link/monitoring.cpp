@@ -23,6 +23,10 @@ void MainWindow::monitoringSystem()
 
 void MainWindow::getTemperature()
 {
+    // A table operation refused for want of a camera starts the monitoring all the same.
+    if (camera == nullptr) {
+        return;
+    }
     ombrix_sdk::Temperatures temperatures{};
     lastResult = camera->getTemperatures(&temperatures);
     if (lastResult == 0) {

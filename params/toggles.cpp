@@ -29,6 +29,8 @@ void MainWindow::readToggle(const Toggle& toggle)
 
 void MainWindow::setToggle(const Toggle& toggle)
 {
+    // Asked for on every command, so that the SDK can bring itself up to date first.
+    ombrix_sdk::OmbrixSdk::get_instance();
     if (camera == nullptr) {
         return;
     }

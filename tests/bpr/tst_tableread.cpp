@@ -2,6 +2,8 @@
 #include "tests/bpr/monitoringpace.h"
 #include "tests/bpr/tablefiles.h"
 
+#include <QtTest/QSignalSpy>
+
 #include <limits>
 
 using tablefiles::mapOf;
@@ -239,6 +241,25 @@ private Q_SLOTS:
         QCOMPARE(user.boxesAwaited(), 0);
         QCOMPARE(user.calls(recording::Show::Everything), QStringList());
         QCOMPARE(user.newLog(), QStringList());
+    }
+
+    void theMonitoringThatBeginsWithoutACameraReadsNothing()
+    {
+        kit::Operator user;
+        user.ports.plug(QStringLiteral("ttyUSB3"));
+        user.sdk.answer("link.openCamera", 0);
+        user.click("scanDeviceButton");
+        user.expectBox({.title = "Invalid communication", .text = "Select an other serial port"});
+        user.click("connectDeviceButton");
+        kit::unlockTabs(user);
+        user.expectBox(kit::notConnected("ttyUSB3"));
+        user.click(readButton);
+        user.forget();
+        const QSignalSpy ticks(&user.timer(), &QTimer::timeout);
+        user.hurry();
+        QTRY_VERIFY(ticks.count() > 1);
+        QVERIFY(user.monitoring());
+        QCOMPARE(user.calls(recording::Show::Everything), QStringList());
     }
 
     void theMonitoringRestsForTheWholeReadAndThenGoesOn()

@@ -1,5 +1,6 @@
 // The bad pixel table where the operator lacks the right to read or write. The superuser has every
 // right, so this program gives up its own before it begins.
+#include "tests/bpr/fulldisk.h"
 #include "tests/bpr/monitoringpace.h"
 #include "tests/bpr/tablefiles.h"
 #include "tests/kit/rights.h"
@@ -103,6 +104,22 @@ private Q_SLOTS:
         QVERIFY(tablefiles::content(tablefiles::working()) == mapOf({5, 7}));
         user.click("resetBPRTableButton");
         QVERIFY(tablefiles::content(tablefiles::working()) == mapOf({9, 11}));
+    }
+
+    void aFullDiskDoesNotEmptyAWorkingCopyInAClosedFolder()
+    {
+        kit::Operator user;
+        user.connectCamera();
+        const QByteArray old(tablefiles::mapSize, '\1');
+        tablefiles::put(tablefiles::working(), old);
+        const ClosedFolder working(QStringLiteral("bpr"));
+        {
+            const tablefiles::FullDisk full(1000);
+            user.click("readBPRTableButton");
+        }
+        const QByteArray now = tablefiles::content(tablefiles::working());
+        QVERIFY(now.left(1000) == mapOf({5, 7}).left(1000));
+        QVERIFY(now.mid(1000) == old.mid(1000));
     }
 
     void aBackupThatCannotBeReadIsNeverOverwritten_data()

@@ -1,52 +1,25 @@
 // Map files and bad luck: while one is written the disk fills up or the program dies. A limit on
 // the size of files brings about both, in the middle of a map.
 #include "bpr/files.h"
+#include "tests/bpr/fulldisk.h"
 #include "tests/bpr/tablefiles.h"
 #include "tests/kit/operator.h"
 
 #include <opencv2/core.hpp>
 
-#include <csignal>
 #include <functional>
 
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace bpr = tavrel::bpr;
+using tablefiles::FullDisk;
 using tablefiles::mapOf;
 
 namespace {
 
 /// Bytes that can be written, up to all but one of a map.
 constexpr rlim_t roomsLeft[] = {1, 98304, 100000, 300000, tablefiles::mapSize - 1};
-
-void limitFiles(rlim_t size)
-{
-    rlimit limit{};
-    ::getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = size;
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-}
-
-/// Every write behind the room that is left fails, as on a full disk.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t roomLeft) : previous(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        limitFiles(roomLeft);
-    }
-    ~FullDisk()
-    {
-        limitFiles(RLIM_INFINITY);
-        (void)std::signal(SIGXFSZ, previous);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    void (*previous)(int);
-};
 
 /// Runs an action in a child process that dies when it writes beyond the room that is left. True
 /// when it did die of that.
@@ -57,7 +30,7 @@ bool diesWriting(const std::function<void()>& action, rlim_t roomLeft)
         const rlimit noCore{0, 0};
         ::setrlimit(RLIMIT_CORE, &noCore);
         (void)std::signal(SIGXFSZ, SIG_DFL);
-        limitFiles(roomLeft);
+        tablefiles::limitFiles(roomLeft);
         action();
         ::_exit(0);
     }

@@ -128,6 +128,19 @@ private Q_SLOTS:
                  QLatin1String(on ? toggle->captionOn : toggle->captionOff));
     }
 
+    void everyClickFirstFetchesTheLibrarysRoot_data() { everyToggleBothWays(); }
+    void everyClickFirstFetchesTheLibrarysRoot()
+    {
+        QFETCH(const Toggle*, toggle);
+        QFETCH(bool, on);
+        kit::Operator user;
+        connectBefore(user, *toggle, on);
+        user.click(toggle->button);
+        QCOMPARE(QString::fromStdString(user.sdk.entries().front().text()),
+                 QStringLiteral("OmbrixSdk.get_instance()"));
+        QCOMPARE(user.sdk.count("OmbrixSdk.get_instance"), 1);
+    }
+
     void aRefusedToggleKeepsMarkAndCaptionAtOdds_data() { everyToggleBothWays(); }
     void aRefusedToggleKeepsMarkAndCaptionAtOdds()
     {
