@@ -1,0 +1,56 @@
+# The installed tree around the program on a Linux desktop, the Debian package and the archive.
+set(linux ${PROJECT_SOURCE_DIR}/packaging/linux)
+set(generated ${PROJECT_BINARY_DIR}/packaging)
+
+set(document_dir ${CMAKE_INSTALL_DATADIR}/doc/tavrel)
+configure_file(${linux}/tavrel.1.in ${generated}/tavrel.1 @ONLY)
+configure_file(${linux}/example.halvorn.tavrel.metainfo.xml.in
+    ${generated}/example.halvorn.tavrel.metainfo.xml @ONLY)
+
+install(FILES ${linux}/tavrel.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${generated}/example.halvorn.tavrel.metainfo.xml
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES ${generated}/tavrel.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(DIRECTORY ${linux}/icons/hicolor DESTINATION ${CMAKE_INSTALL_DATADIR}/icons)
+install(FILES ${PROJECT_SOURCE_DIR}/ui/picture/source/camera.svg RENAME tavrel.svg
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+install(FILES
+    ${linux}/copyright
+    ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+    ${PROJECT_SOURCE_DIR}/docs/user-guide.md
+    ${PROJECT_SOURCE_DIR}/docs/simulator.md
+    DESTINATION ${document_dir})
+install(FILES ${PROJECT_SOURCE_DIR}/simulator/simulator.example.ini
+    DESTINATION ${document_dir}/examples)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/simulator/plans DESTINATION ${document_dir}/examples)
+
+string(TOLOWER ${CMAKE_SYSTEM_NAME} system)
+set(CPACK_PACKAGE_FILE_NAME tavrel-${PROJECT_VERSION}-${system}-${CMAKE_SYSTEM_PROCESSOR})
+set(CPACK_GENERATOR DEB TGZ)
+
+# Whoever packs must not decide by a umask who may run the program.
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/linux/stage.cmake)
+
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+# What the package depends on is this release's; the one for the next release replaces it.
+cmake_host_system_information(RESULT distribution QUERY DISTRIB_ID)
+cmake_host_system_information(RESULT release QUERY DISTRIB_VERSION_ID)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1~${distribution}${release})
+set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The SVG pictures on the buttons are drawn by a plugin, which no library list names.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt5svg5)
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+"Desktop tool with which an operator configures an Ombrix KV thermal infrared
+camera: scan the serial ports, connect, then read, change and write its image
+parameters and its bad pixel replacement table.
+
+The camera is reached through its maker's SDK library. This package brings a
+library that simulates cameras in its place, so that the tool can be tried
+and taught without one; the manual page says how to put another library in
+front of it.")
+# For packaging/linux/stage.cmake, which runs when packages are made.
+set(CPACK_TAVREL_RELEASE_DATE ${TAVREL_RELEASE_DATE})
