@@ -22,6 +22,23 @@ else()
 endif()
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 
+# Where things are installed.
+include(GNUInstallDirs)
+if(WIN32)
+    # One folder holds everything: the loader looks for libraries beside the program.
+    set(TAVREL_PROGRAM_DIR .)
+    set(TAVREL_SDK_DIR .)
+else()
+    set(TAVREL_PROGRAM_DIR ${CMAKE_INSTALL_BINDIR})
+    # The SDK library carries no version in its name and belongs to this program alone, so it has a
+    # folder of its own instead of a place among the system's libraries. Two levels deep, because
+    # CPack takes a library one level below lib for a public one.
+    set(TAVREL_SDK_DIR ${CMAKE_INSTALL_LIBDIR}/tavrel/sdk)
+    # Relative, so that the tree works under any prefix and after it was moved.
+    file(RELATIVE_PATH TAVREL_SDK_FROM_PROGRAM
+        ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/tavrel/sdk)
+endif()
+
 set(TAVREL_SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
 # Warnings, strict Qt strings and sanitizers for a target of ours.
@@ -30,8 +47,13 @@ function(tavrel_target target)
         QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
         QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_DEPRECATED_WARNINGS
         QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
-    target_compile_options(${target} PRIVATE
-        -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Werror)
+    if(MSVC)
+        # No errors of them: what the Windows compiler warns of has not been looked through yet.
+        target_compile_options(${target} PRIVATE /W4 /utf-8)
+    else()
+        target_compile_options(${target} PRIVATE
+            -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Werror)
+    endif()
     if(TAVREL_SANITIZE)
         target_compile_options(${target} PRIVATE
             -fsanitize=${TAVREL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

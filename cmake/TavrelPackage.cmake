@@ -1,25 +1,6 @@
-# Where things are installed, and how the installed tree is packed.
+# What surrounds the program where it is installed, and how the installed tree is packed. Included
+# last, because rules of installation run in their order.
 include_guard()
-include(GNUInstallDirs)
-
-if(WIN32)
-    # One folder holds everything: the loader looks for libraries beside the program.
-    set(TAVREL_PROGRAM_DIR .)
-    set(TAVREL_SDK_DIR .)
-else()
-    set(TAVREL_PROGRAM_DIR ${CMAKE_INSTALL_BINDIR})
-    # The SDK library carries no version in its name and belongs to this program alone, so it has a
-    # folder of its own instead of a place among the system's libraries. Two levels deep, because
-    # CPack takes a library one level below lib for a public one.
-    set(TAVREL_SDK_DIR ${CMAKE_INSTALL_LIBDIR}/tavrel/sdk)
-    # Relative, so that the tree works under any prefix and after it was moved.
-    file(RELATIVE_PATH TAVREL_SDK_FROM_PROGRAM
-        ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/tavrel/sdk)
-endif()
-
-if(NOT PROJECT_IS_TOP_LEVEL)
-    return()
-endif()
 
 set(CPACK_PACKAGE_NAME tavrel)
 set(CPACK_PACKAGE_VENDOR "Halvorn Technologies")
@@ -30,10 +11,13 @@ set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/packages)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
 
-if(WIN32)
+if(MSVC)
     include(TavrelPackageWindows)
-else()
+elseif(UNIX)
     include(TavrelPackageLinux)
+else()
+    # packaging/windows/build packs the MinGW program: it knows where that compiler's libraries are.
+    return()
 endif()
 
 include(CPack)

@@ -1,17 +1,15 @@
-# The folder of a program built with the Windows compiler, and its archive. The folder of a MinGW
-# build is made by packaging/windows/build, which knows where that compiler's libraries are.
+# The folder of a program built with the Windows compiler, completed for a PC without Qt.
 set(CPACK_GENERATOR ZIP)
 
-if(MSVC)
-    # The libraries that the program names: the SDK library, OpenCV, Qt's modules.
-    install(FILES $<TARGET_RUNTIME_DLLS:tavrel> DESTINATION ${TAVREL_PROGRAM_DIR})
-    # What Qt loads by itself: the platform, the style, the pictures' formats.
-    get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
-    cmake_path(GET qmake PARENT_PATH qt_programs)
-    find_program(WINDEPLOYQT windeployqt HINTS ${qt_programs} REQUIRED)
-    install(CODE "
-        execute_process(
-            COMMAND \"${WINDEPLOYQT}\" --no-translations --svg
-                    \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/$<TARGET_FILE_NAME:tavrel>\"
-            COMMAND_ERROR_IS_FATAL ANY)")
-endif()
+# The libraries that the program names: the SDK library, OpenCV, Qt's modules.
+install(FILES $<TARGET_RUNTIME_DLLS:tavrel> DESTINATION ${TAVREL_PROGRAM_DIR})
+
+# What Qt loads by itself: the platform, the style, the pictures' formats.
+get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
+cmake_path(GET qmake PARENT_PATH qt_programs)
+find_program(WINDEPLOYQT windeployqt HINTS ${qt_programs} REQUIRED)
+install(CODE "
+    execute_process(
+        COMMAND \"${WINDEPLOYQT}\" --no-translations --svg
+                \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/$<TARGET_FILE_NAME:tavrel>\"
+        COMMAND_ERROR_IS_FATAL ANY)")
