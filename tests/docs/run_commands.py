@@ -26,6 +26,8 @@ RULES = [
     (r"cmake --preset \w+$", ""),
     (r"cmake --build --preset \w+$", " --target tavrel_ui"),
     (r"ctest --preset \w+$", " -R boundary_layouts"),
+    (r"cmake --install build --prefix \S+$", ""),
+    (r"packaging/linux/(build|test)$", " --help"),
     (r"\./test$", None),
 ]
 
