@@ -28,6 +28,7 @@ RULES = [
     (r"ctest --preset \w+$", " -R boundary_layouts"),
     (r"cmake --install build --prefix \S+$", ""),
     (r"packaging/linux/(build|test)$", " --help"),
+    (r"bench/run$", " --quick --build build"),
     (r"\./test$", None),
 ]
 
