@@ -33,6 +33,8 @@ Scene::Scene(const QByteArray& settings) : startDirectory(QDir::currentPath())
         qFatal("no temporary directory");
     }
     clearVariables();
+    // Whoever asks first in a process starts the simulator; no scene's settings are there yet.
+    ombrix_sdk::OmbrixSdk::get_instance();
     setVariable("TAVREL_SIMULATOR_LOG", path(logFile));
     restart(settings);
 }

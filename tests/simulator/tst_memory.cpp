@@ -301,6 +301,36 @@ private Q_SLOTS:
         QCOMPARE(scene.camera().getGamma(), 70000U);
     }
 
+    void aDamagedFileThatCannotBeSetAsideAnyMoreIsNotUsed()
+    {
+        Scene scene(withMemory);
+        scene.camera().setGamma(144179);
+        QDir kept(scene.path(QStringLiteral("kept")));
+        for (int number = 1; number <= 1000; ++number) {
+            scene.write(number == 1 ? cameraFile + QStringLiteral(".damaged")
+                                    : cameraFile + QStringLiteral(".damaged-%1").arg(number),
+                        "earlier");
+        }
+        const int files = kept.entryList(QDir::Files).size();
+        scene.write(cameraFile, "rubbish");
+        scene.newLog();
+        scene.restart();
+        QCOMPARE(scene.camera().getGamma(), 65536U);
+        QVERIFY(scene.newProblems().value(0).endsWith(
+            QStringLiteral("; the damaged file is not used")));
+        QCOMPARE(kept.entryList(QDir::Files).size(), files);
+        QCOMPARE(scene.read(cameraFile + QStringLiteral(".damaged-1000")), QByteArray("earlier"));
+    }
+
+    void aSwitchOfAnotherByteThanZeroAndOneIsKeptAsItIs()
+    {
+        Scene scene("[simulator]\nmemory=kept\n[camera]\ngainCorrection=7\n");
+        QCOMPARE(scene.camera().getGainCorrection(), Flag{7});
+        QVERIFY(scene.read(cameraFile).contains("gainCorrection=7\n"));
+        scene.restart(withMemory);
+        QCOMPARE(scene.camera().getGainCorrection(), Flag{7});
+    }
+
     void everyKeptValueIsMissedWhenItIsGone()
     {
         Scene scene(withMemory);

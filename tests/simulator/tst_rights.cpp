@@ -136,6 +136,19 @@ private Q_SLOTS:
         QCOMPARE(scene.read(QStringLiteral("folder/replbp.bin")), QByteArray());
     }
 
+    void aTableFileThatFailsWhileItIsReadIsToldAndTheFactorysUsed()
+    {
+        // Opens like any file; where it begins there is nothing that could be read.
+        Scene scene("[camera]\ntableFile=/proc/self/mem\n");
+        QByteArray region(scene::regionSize, '\0');
+        QCOMPARE(scene.camera().readTableData(4096, 8192, 9, region.data()), 0);
+        QCOMPARE(table::read(region).count, 37);
+        const QString told = scene.newProblems().value(0);
+        QVERIFY2(told.contains(QStringLiteral("\"/proc/self/mem\" is no table region: ")) &&
+                     !told.contains(QStringLiteral("does not hold")),
+                 qPrintable(told));
+    }
+
     void aMemoryThatCannotBeWrittenIsToldAndTheCameraGoesOn()
     {
         Scene scene("[simulator]\nmemory=kept\n");
@@ -146,6 +159,18 @@ private Q_SLOTS:
         QCOMPARE(camera.setGamma(70000), Flag{1});
         QCOMPARE(camera.getGamma(), 70000U);
         QVERIFY(scene.newProblems().value(0).contains(QStringLiteral("it cannot be written")));
+    }
+
+    void aMemoryThatCannotBeForgottenIsTold()
+    {
+        Scene scene("[simulator]\nmemory=kept\n");
+        scene.camera().setGamma(70000);
+        scene.newLog();
+        const Rights folder(scene.path(QStringLiteral("kept")), closedFolder);
+        scene.restart("[simulator]\nmemory=kept\nfactoryFresh=true\n");
+        QCOMPARE(scene.newProblems().value(0),
+                 QStringLiteral("problem  %1: it cannot be deleted")
+                     .arg(scene.path(QStringLiteral("kept/camera-20417.ini"))));
     }
 
     void aDamagedMemoryThatCannotBeSetAsideIsToldAndNotUsed()

@@ -227,6 +227,20 @@ private Q_SLOTS:
                  qPrintable(QString::number(taken)));
     }
 
+    void aLinkOfNoRateTakesNoTime()
+    {
+        Scene scene("[simulator]\nmanualClock=true\nlatency=true\n[configuration]\nbaudRate=0\n"
+                    "[camera]\noperatingMinutes=0\nbaudRate=0\n");
+        ICamera& camera = scene.camera();
+        for (int call = 0; call < 100; ++call) {
+            QCOMPARE(camera.getGamma(), 65536U);
+        }
+        advanceClock(59'999);
+        QCOMPARE(minutes(camera), 0U);
+        advanceClock(1);
+        QCOMPARE(minutes(camera), 1U);
+    }
+
     void aRealClockReallyWaits()
     {
         Scene scene(
