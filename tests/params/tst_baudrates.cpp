@@ -110,6 +110,17 @@ private Q_SLOTS:
         QCOMPARE(user.text("BaudRateConnectCB"), QStringLiteral("115200"));
     }
 
+    // The tabs are locked then, so no mouse and no key gets there: the slot is reached by name.
+    void withoutACameraNoRateIsSentOrLogged()
+    {
+        kit::Operator user;
+        user.window();
+        user.forget();
+        QVERIFY(QMetaObject::invokeMethod(&user.window(), "changeCameraBaudRate"));
+        QCOMPARE(user.calls(recording::Show::Everything), QStringList());
+        QCOMPARE(user.newLog(), QStringList());
+    }
+
     void everyClickTurnsPermanenceOver()
     {
         kit::Operator user;

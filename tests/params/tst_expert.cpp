@@ -596,6 +596,16 @@ private Q_SLOTS:
 
     // ---- applying without a camera
 
+    void withoutACameraAReadAsksAndLogsNothing()
+    {
+        kit::Operator user;
+        user.window();
+        user.forget();
+        QVERIFY(QMetaObject::invokeMethod(&user.window(), "ReadParamsExpert"));
+        QCOMPARE(user.calls(recording::Show::Everything), QStringList());
+        QCOMPARE(user.newLog(), QStringList());
+    }
+
     void withoutACameraTheValuesGoIntoTheConfigurationAndNothingIsSaved()
     {
         kit::Operator user;
