@@ -102,14 +102,10 @@ bool copyFile(const std::string& source, const std::string& destination)
 void writeMap(const cv::Mat& map, const std::string& path)
 {
     Replacement file(nativeName(path));
-    if (!file.open()) {
-        return;
+    if (file.open()) {
+        // A map lies in one piece, line after line: nothing is copied before it is written.
+        file.write(QByteArray::fromRawData(map.ptr<char>(), static_cast<int>(map.total())));
     }
-    QByteArray content;
-    for (int row = 0; row < map.rows; ++row) {
-        content.append(map.ptr<char>(row), map.cols);
-    }
-    file.write(content);
 }
 
 void writeNewMap(const cv::Mat& map, const std::string& path)
