@@ -3,6 +3,8 @@
 #include <array>
 
 #if defined(_WIN32)
+#    include <QtCore/QFile>
+
 #    include <windows.h>
 #else
 #    include <filesystem>
@@ -25,6 +27,11 @@ std::string currentDirectory()
     return {buffer.data(), length};
 }
 
+std::string utf8(const std::string& path)
+{
+    return QFile::decodeName(path.c_str()).toStdString();
+}
+
 void blockThread(std::chrono::milliseconds duration)
 {
     Sleep(static_cast<DWORD>(duration.count()));
@@ -37,6 +44,11 @@ std::string currentDirectory()
     std::error_code error;
     const auto directory = std::filesystem::current_path(error);
     return error ? std::string{} : directory.string();
+}
+
+std::string utf8(const std::string& path)
+{
+    return path;
 }
 
 void blockThread(std::chrono::milliseconds duration)

@@ -15,6 +15,10 @@ inline constexpr char pathSeparator = '/';
 /// The process's current directory as the system's bytes; empty when it cannot be obtained.
 std::string currentDirectory();
 
+/// A path's bytes as UTF-8, the encoding of the event log. On Windows they are in the code page of
+/// the machine; elsewhere they are handed on as they are.
+std::string utf8(const std::string& path);
+
 /// Blocks the calling thread.
 void blockThread(std::chrono::milliseconds duration);
 

@@ -56,10 +56,10 @@ void MainWindow::readBprTable()
     const std::string backupPath = bpr::pathInFolder(bpr::backupFolder, fileName);
     if (!bpr::fileExists(backupPath)) {
         bpr::writeNewMap(table.map, backupPath);
-        appendLog("Backup table written to " + backupPath);
+        appendLog("Backup table written to " + tavrel::platform::utf8(backupPath));
     }
     const std::string workingPath = bpr::pathInFolder(bpr::workingFolder, fileName);
     bpr::writeMap(table.map, workingPath);
-    appendLog("Table written to " + workingPath);
+    appendLog("Table written to " + tavrel::platform::utf8(workingPath));
     appendLog("Table containing : " + std::to_string(table.count) + " Bad Pixels");
 }

@@ -1,4 +1,5 @@
 #include "app/mainwindow.h"
+#include "app/platform.h"
 #include "bpr/files.h"
 #include "bpr/pause.h"
 #include "bpr/table.h"
@@ -85,5 +86,5 @@ void MainWindow::writeBprTable()
         QMessageBox::about(this, tr("BP table"), tr("BP table not written correctly"));
         return;
     }
-    appendLog("BPR table " + workingPath + " correctly written.");
+    appendLog("BPR table " + tavrel::platform::utf8(workingPath) + " correctly written.");
 }
