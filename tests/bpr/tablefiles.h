@@ -35,7 +35,7 @@ inline QString backup(const QString& serial = QStringLiteral("4711"))
 /// The path as the tool composes and shows it.
 inline QString full(const QString& path)
 {
-    return QDir::currentPath() + QLatin1Char('/') + path;
+    return QDir::toNativeSeparators(QDir::currentPath() + QLatin1Char('/') + path);
 }
 
 inline void put(const QString& path, const QByteArray& content)

@@ -1,5 +1,6 @@
 // From the camera's table region to the bad pixel map.
 #include "bpr/table.h"
+#include "tests/bpr/guardedmemory.h"
 
 #include <QtTest/QTest>
 
@@ -8,9 +9,6 @@
 #include <algorithm>
 #include <numeric>
 #include <vector>
-
-#include <sys/mman.h>
-#include <unistd.h>
 
 using tavrel::bpr::DecodedTable;
 using tavrel::bpr::Region;
@@ -51,33 +49,6 @@ Indexes marksOf(const cv::Mat& map)
     }
     return marks;
 }
-
-/// Memory behind which nothing can be touched without ending the program.
-class GuardedMemory {
-public:
-    explicit GuardedMemory(std::size_t size)
-    {
-        const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
-        const std::size_t room = (size + page - 1) / page * page;
-        length = room + page;
-        memory =
-            ::mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-        auto* const barred = static_cast<std::uint8_t*>(memory) + room;
-        if (memory == MAP_FAILED || ::mprotect(barred, page, PROT_NONE) != 0) {
-            qFatal("no guarded memory");
-        }
-        first = barred - size;
-    }
-    ~GuardedMemory() { ::munmap(memory, length); }
-    GuardedMemory(const GuardedMemory&) = delete;
-    GuardedMemory& operator=(const GuardedMemory&) = delete;
-
-    std::uint8_t* first; ///< the last byte of the size asked for is followed by the barred page
-
-private:
-    void* memory;
-    std::size_t length;
-};
 
 /// Gives OpenCV guarded memory for its matrices while it lives.
 class GuardedMatrices : public cv::MatAllocator {

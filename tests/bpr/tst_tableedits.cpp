@@ -280,7 +280,7 @@ private Q_SLOTS:
     void thePathIsPassedAsTheSystemsBytes()
     {
         kit::Operator user;
-        const QString name = QStringLiteral("ż ółw 100%1");
+        const QString name = QStringLiteral("Süd ó 100%1");
         QVERIFY(QDir().mkdir(name));
         QVERIFY(QDir::setCurrent(name));
         user.connectCamera();

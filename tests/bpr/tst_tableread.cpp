@@ -363,6 +363,9 @@ private Q_SLOTS:
 
     void aDeletedCurrentDirectoryLeavesPathsThatBeginAtTheRoot()
     {
+#if defined(Q_OS_WIN)
+        QSKIP("Windows does not let the current directory be deleted");
+#endif
         if (QFileInfo::exists(QStringLiteral("/bpr"))) {
             QSKIP("this machine has a folder /bpr");
         }
@@ -386,9 +389,11 @@ private Q_SLOTS:
         user.sdk.whenLogged([&] { moved = moved || QDir::setCurrent(QStringLiteral("later")); });
         user.click(readButton);
         QVERIFY(moved);
-        QCOMPARE(user.newLog(), (QStringList{QStringLiteral("Backup table written to ") + before +
-                                                 QLatin1Char('/') + tablefiles::backup(),
-                                             tableLine(), countLine(2)}));
+        QCOMPARE(user.newLog(),
+                 (QStringList{
+                     QStringLiteral("Backup table written to ") +
+                         QDir::toNativeSeparators(before + QLatin1Char('/') + tablefiles::backup()),
+                     tableLine(), countLine(2)}));
         QCOMPARE(QDir::currentPath(), before + QStringLiteral("/later"));
         QVERIFY(tablefiles::content(tablefiles::working()) == mapOf({5, 7}));
         QVERIFY(!QFile::exists(before + QLatin1Char('/') + tablefiles::working()));
@@ -397,9 +402,9 @@ private Q_SLOTS:
     void aDirectoryOfAnyNameIsWrittenTo_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::addRow("beyond ASCII") << QStringLiteral("ż ółw ✓");
+        QTest::addRow("beyond ASCII") << QStringLiteral("Süd ó ß");
         QTest::addRow("place holders") << QStringLiteral("100%1 {x} %2");
-        QTest::addRow("long") << QString(250, QLatin1Char('d'));
+        QTest::addRow("long") << QString(200, QLatin1Char('d'));
     }
 
     void aDirectoryOfAnyNameIsWrittenTo()

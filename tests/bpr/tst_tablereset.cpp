@@ -106,7 +106,7 @@ private Q_SLOTS:
     void theBoxShowsAPathOfAnyName()
     {
         kit::Operator user;
-        const QString name = QStringLiteral("ż ółw 100%1");
+        const QString name = QStringLiteral("Süd ó 100%1");
         QVERIFY(QDir().mkdir(name));
         QVERIFY(QDir::setCurrent(name));
         user.connectCamera();
@@ -120,6 +120,9 @@ private Q_SLOTS:
 
     void aDeletedCurrentDirectoryHasNoBackup()
     {
+#if defined(Q_OS_WIN)
+        QSKIP("Windows does not let the current directory be deleted");
+#endif
         if (QFileInfo::exists(QStringLiteral("/bprBackup"))) {
             QSKIP("this machine has a folder /bprBackup");
         }

@@ -1,5 +1,6 @@
 // A table that ends at its second record is waited for without end. The operation runs in a process
 // of its own, which is the same program told to be the operator.
+#include "tests/bpr/processortime.h"
 #include "tests/bpr/tablefiles.h"
 #include "tests/kit/operator.h"
 
@@ -8,8 +9,6 @@
 
 #include <iostream>
 #include <optional>
-
-#include <unistd.h>
 
 namespace {
 
@@ -44,22 +43,6 @@ int beTheOperator(const QStringList& records)
     return 0;
 }
 
-/// Processor time that a process has used so far, in seconds; below 0 when it is gone.
-double processorTime(qint64 process)
-{
-    QFile file(QStringLiteral("/proc/%1/stat").arg(process));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return -1;
-    }
-    // The fields are counted behind the name, which may hold blanks.
-    const QByteArray line = file.readAll();
-    const QList<QByteArray> fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
-    constexpr int userTime = 11;
-    constexpr int systemTime = 12;
-    return (fields.at(userTime).toDouble() + fields.at(systemTime).toDouble()) /
-           static_cast<double>(::sysconf(_SC_CLK_TCK));
-}
-
 /// Waits until the process says a line, and returns the lines before it; nothing when it does not.
 std::optional<QStringList> linesBefore(QProcess& process, const char* line, int milliseconds)
 {
@@ -85,7 +68,9 @@ std::optional<QStringList> linesBefore(QProcess& process, const char* line, int 
 void startOperator(QProcess& process, const QStringList& records, const QString& temporary)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    // By the name of one system and of the other.
     environment.insert(QStringLiteral("TMPDIR"), temporary);
+    environment.insert(QStringLiteral("TMP"), QDir::toNativeSeparators(temporary));
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.start(QCoreApplication::applicationFilePath(),
@@ -116,10 +101,10 @@ private Q_SLOTS:
         const std::optional<QStringList> said = linesBefore(process, asked, deadline);
         QVERIFY(said && said->size() == 1);
         const QString directory = said->first();
-        const double before = processorTime(process.processId());
+        const double before = tablefiles::processorTime(process.processId());
         QVERIFY(!linesBefore(process, returned, patience));
         QCOMPARE(process.state(), QProcess::Running);
-        const double used = processorTime(process.processId()) - before;
+        const double used = tablefiles::processorTime(process.processId()) - before;
         process.kill();
         QVERIFY(process.waitForFinished(deadline));
         QVERIFY2(used < idleShare * patience / 1000, qPrintable(QString::number(used)));

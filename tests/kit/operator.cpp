@@ -39,11 +39,12 @@ QRect handleAt(const QSlider& slider, int value)
                                           &slider);
 }
 
+/// The calls' paths are the system's bytes.
 QStringList toLines(const std::vector<std::string>& texts)
 {
     QStringList list;
     for (const std::string& text : texts) {
-        list.append(QString::fromStdString(text));
+        list.append(QString::fromLocal8Bit(text.c_str()));
     }
     return list;
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <iostream>
 #include <sstream>
 
 namespace recording {
@@ -133,7 +134,12 @@ Library::Library(Sdk& controlDoor) : door(controlDoor)
 {
     reset();
     if (const char* const path = std::getenv("TAVREL_RECORDING_JOURNAL")) {
-        journalFile.open(path, std::ios::app);
+        if (std::string_view(path) == "-") {
+            journal = &std::cout;
+        } else {
+            journalFile.open(path, std::ios::app);
+            journal = &journalFile;
+        }
     }
     if (const char* const path = std::getenv("TAVREL_RECORDING_SCRIPT")) {
         readScript(path);
@@ -159,8 +165,8 @@ void Library::enterCall(std::string_view operation, int object, std::string argu
 {
     operationNamed(operation);
     entries.push_back({std::string(operation), std::move(arguments), object});
-    if (journalFile.is_open()) {
-        journalFile << entries.back().text() << std::endl;
+    if (journal != nullptr) {
+        *journal << entries.back().text() << std::endl;
     }
     auto& programme = programmes[std::string(operation)];
     ++programme.called;
@@ -197,8 +203,8 @@ bool Library::outputWithheld(std::string_view operation) const
 void Library::writeRecord(LogRecord record)
 {
     entries.push_back({"log", record.text, record.severity});
-    if (journalFile.is_open()) {
-        journalFile << entries.back().text() << std::endl;
+    if (journal != nullptr) {
+        *journal << entries.back().text() << std::endl;
     }
     records.push_back(std::move(record));
     if (const auto action = recordAction) {

@@ -110,6 +110,7 @@ private:
     void applyScriptLine(const std::string& line);
 
     std::ofstream journalFile;
+    std::ostream* journal = nullptr; ///< where calls and records are written down as they come
 };
 
 } // namespace recording

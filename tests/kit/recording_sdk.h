@@ -3,7 +3,8 @@
 // is the other door, through which a test looks at the calls and sets the answers.
 //
 // In front of the built program it is steered by two environment variables:
-//   TAVREL_RECORDING_JOURNAL  file to which every call and log record is appended, one a line
+//   TAVREL_RECORDING_JOURNAL  file to which every call and log record is appended, one a line; "-"
+//                             is standard output
 //   TAVREL_RECORDING_SCRIPT   file of answers, one a line: "operation value", "operation#n value"
 //                             for the n-th call only, or "config.gskMin value" for a data member;
 //                             blank lines and lines that begin with # are skipped

@@ -1,0 +1,68 @@
+#include "tests/app/startedprogram.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtTest/QTest>
+
+namespace app {
+
+namespace {
+
+QStringList toLines(const QByteArray& text)
+{
+    QStringList list = QString::fromUtf8(text).remove(QLatin1Char('\r')).split(QLatin1Char('\n'));
+    if (list.last().isEmpty()) {
+        list.removeLast();
+    }
+    return list;
+}
+
+} // namespace
+
+StartedProgram::StartedProgram()
+    : environment(QProcessEnvironment::systemEnvironment()), program(QStringLiteral(TAVREL_PROGRAM))
+{
+    process.setWorkingDirectory(directory.path());
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    environment.insert(QStringLiteral("HOME"), directory.path());
+    environment.remove(QStringLiteral("LD_LIBRARY_PATH"));
+}
+
+StartedProgram::~StartedProgram()
+{
+    process.kill();
+    process.waitForFinished();
+}
+
+void StartedProgram::recordTo(const QString& journal)
+{
+    putRecordingSdkInFront();
+    environment.insert(QStringLiteral("TAVREL_RECORDING_JOURNAL"), journal);
+}
+
+void StartedProgram::answerWith(const char* script)
+{
+    QFile file(directory.filePath(QStringLiteral("script")));
+    file.open(QIODevice::WriteOnly);
+    file.write(script);
+    environment.insert(QStringLiteral("TAVREL_RECORDING_SCRIPT"), file.fileName());
+}
+
+bool StartedProgram::start()
+{
+    process.setProcessEnvironment(environment);
+    process.start(program, QStringList());
+    return QTest::qWaitFor(
+        [&] { return QDir(directory.path() + QStringLiteral("/bprBackup")).exists(); }, 20000);
+}
+
+QStringList StartedProgram::output()
+{
+    // What was written before the window stood is in the pipe by now.
+    while (process.waitForReadyRead(0)) {
+    }
+    written += process.readAllStandardOutput();
+    return toLines(written);
+}
+
+} // namespace app

@@ -1,0 +1,66 @@
+#include "tests/bpr/failingread.h"
+
+#include "tests/bpr/importedcall_windows.h"
+
+#include <QtCore/QString>
+
+#include <array>
+
+namespace {
+
+QString failingName;
+tablefiles::FailingRead::Failure failingHow = tablefiles::FailingRead::Error;
+int failures = 0;
+
+using Read = BOOL WINAPI(HANDLE, LPVOID, DWORD, LPDWORD, LPOVERLAPPED);
+Read* systemRead = nullptr;
+
+bool isFailing(HANDLE file)
+{
+    std::array<wchar_t, MAX_PATH> path{};
+    const DWORD length =
+        failingName.isEmpty() ? 0 : GetFinalPathNameByHandleW(file, path.data(), MAX_PATH, 0);
+    return length > 0 && length < MAX_PATH &&
+           QString::fromWCharArray(path.data()).endsWith(failingName);
+}
+
+BOOL WINAPI read(HANDLE file, LPVOID buffer, DWORD size, LPDWORD done, LPOVERLAPPED overlapped)
+{
+    if (!isFailing(file)) {
+        return systemRead(file, buffer, size, done, overlapped);
+    }
+    ++failures;
+    *done = 0;
+    if (failingHow == tablefiles::FailingRead::Error) {
+        SetLastError(ERROR_IO_DEVICE);
+        return FALSE;
+    }
+    // One byte, and then the end of the file.
+    return failures == 1 ? systemRead(file, buffer, 1, done, overlapped) : TRUE;
+}
+
+} // namespace
+
+namespace tablefiles {
+
+FailingRead::FailingRead(const char* fileName, Failure failure)
+{
+    if (systemRead == nullptr) {
+        systemRead = lead("ReadFile", read);
+    }
+    failures = 0;
+    failingHow = failure;
+    failingName = QLatin1Char('\\') + QLatin1String(fileName);
+}
+
+FailingRead::~FailingRead()
+{
+    failingName.clear();
+}
+
+int FailingRead::count() const
+{
+    return failures;
+}
+
+} // namespace tablefiles
