@@ -124,8 +124,7 @@ bool Scene::exists(const QString& name) const
 QStringList Scene::newLog()
 {
     const QByteArray content = read(logFile);
-    QStringList lines = QString::fromUtf8(content.mid(static_cast<int>(logRead)))
-                            .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QStringList lines = linesOf(content.mid(static_cast<int>(logRead)));
     logRead = content.size();
     for (QString& line : lines) {
         const QString mark = QStringLiteral("[simulated SDK] ");
@@ -141,7 +140,13 @@ QStringList Scene::newProblems()
 
 QStringList Scene::journal() const
 {
-    return QString::fromUtf8(read(QStringLiteral("journal.txt")))
+    return linesOf(read(QStringLiteral("journal.txt")));
+}
+
+QStringList linesOf(const QByteArray& text)
+{
+    return QString::fromUtf8(text)
+        .remove(QLatin1Char('\r'))
         .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 

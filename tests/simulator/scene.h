@@ -62,6 +62,9 @@ private:
 /// The one serial number of the built-in camera.
 constexpr quint32 builtInSerial = 20417;
 
+/// The lines of a text file of either system, without the empty ones.
+QStringList linesOf(const QByteArray& text);
+
 /// A file's text from lines.
 QByteArray ini(std::initializer_list<const char*> lines);
 

@@ -33,11 +33,8 @@ Output run(const QStringList& variables = {})
     process.start(QStringLiteral(TAVREL_PROBE), QStringList());
     Output output;
     if (process.waitForFinished()) {
-        const auto lines = [](const QByteArray& text) {
-            return QString::fromUtf8(text).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-        };
-        output = {process.exitCode(), lines(process.readAllStandardOutput()),
-                  lines(process.readAllStandardError())};
+        output = {process.exitCode(), scene::linesOf(process.readAllStandardOutput()),
+                  scene::linesOf(process.readAllStandardError())};
     }
     return output;
 }
@@ -121,8 +118,7 @@ private Q_SLOTS:
             run(byVariable ? QStringList(QStringLiteral("TAVREL_SIMULATOR_LOG=other.log"))
                            : QStringList());
         QCOMPARE(output.standardError, QStringList());
-        const QStringList lines = QString::fromUtf8(scene.read(QStringLiteral("other.log")))
-                                      .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        const QStringList lines = scene::linesOf(scene.read(QStringLiteral("other.log")));
         QCOMPARE(lines.first(), QStringLiteral("of before"));
         QCOMPARE(withoutTime(lines.mid(4)), recordsOfTheProbe);
     }
