@@ -379,26 +379,49 @@ bool Monkey::eventFilter(QObject* watched, QEvent* event)
         (qobject_cast<QDialog*>(watched) != nullptr || qobject_cast<QMenu*>(watched) != nullptr)) {
         QMetaObject::invokeMethod(this, &Monkey::attend, Qt::QueuedConnection);
     }
+    if (event->type() == QEvent::Hide && qobject_cast<QMenu*>(watched) != nullptr) {
+        endLoopOf(*qobject_cast<QMenu*>(watched));
+    }
     return QObject::eventFilter(watched, event);
+}
+
+/// A menu that opens takes the focus from a region's box, and the box about the region then hides
+/// the menu before its event loop runs. Nothing ends that loop any more; an operator does not
+/// notice, but the deed would never return. Repeats itself until the menu is gone: a loop that does
+/// not run yet cannot be ended.
+void Monkey::endLoopOf(QMenu& menu)
+{
+    const QPointer<QMenu> hidden = &menu;
+    QTimer::singleShot(std::chrono::milliseconds(1), this, [hidden] {
+        if (!hidden.isNull() && !hidden->isVisible()) {
+            QHideEvent again;
+            QCoreApplication::sendEvent(hidden, &again);
+        }
+    });
 }
 
 void Monkey::attend()
 {
     leaveLists();
     auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (dialog == nullptr) {
+    // One pair of hands: a second one would press the button that the first holds down.
+    if (dialog == nullptr || attended.contains(dialog)) {
         return;
     }
     ++answered;
     inspect(*dialog);
     const QPointer<QDialog> guarded = dialog;
-    if (depth < deepest) {
-        ++depth;
+    attended.push(dialog);
+    if (attended.size() <= deepest) {
         meddle(*dialog);
-        --depth;
     }
     if (!guarded.isNull() && guarded->isVisible()) {
         closeBox(*guarded);
+    }
+    attended.pop();
+    // The one below had its turn while this one was on top.
+    if (QApplication::activeModalWidget() != nullptr) {
+        QMetaObject::invokeMethod(this, &Monkey::attend, Qt::QueuedConnection);
     }
 }
 
@@ -448,8 +471,10 @@ void Monkey::closeBox(QDialog& dialog)
         dialog.close();
         break;
     }
-    // A key that found the box inactive was lost, as it would be for a person: once more then.
-    if (dialog.isVisible()) {
+    // A key that found the box inactive was lost, as it would be for a person; and while the right
+    // button is still held down from opening a menu, a click presses the box's button without
+    // letting it go, and the first Escape only does that.
+    for (int attempt = 0; attempt < 2 && dialog.isVisible(); ++attempt) {
         dialog.activateWindow();
         QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape);
     }
@@ -489,7 +514,8 @@ void Monkey::leaveLists()
         }
     }
     if (QWidget* const list = QApplication::activePopupWidget()) {
-        trouble = QStringLiteral("the list \"%1\" does not close").arg(list->objectName());
+        trouble = QStringLiteral("the list %1 \"%2\" does not close")
+                      .arg(QLatin1String(list->metaObject()->className()), list->objectName());
         list->close();
     }
 }

@@ -7,11 +7,13 @@
 
 #include <QtCore/QObject>
 #include <QtCore/QPoint>
+#include <QtCore/QStack>
 #include <QtCore/QString>
 
 #include <cstdint>
 
 class QDialog;
+class QMenu;
 class QTimer;
 class QWindow;
 
@@ -70,6 +72,7 @@ private:
     void meddle(QDialog& dialog);
     void inspect(const QDialog& dialog);
     void closeBox(QDialog& dialog);
+    void endLoopOf(QMenu& menu);
     static void strike(QWidget& list, Qt::Key key);
     void leaveLists();
 
@@ -79,8 +82,8 @@ private:
     QString latest;
     QString trouble;
     int answered = 0;
-    int depth = 0;          ///< boxes above one another
-    int untilLongNuc = 500; ///< deeds before the next correction that blocks
+    QStack<const QDialog*> attended; ///< the boxes above one another that are being answered
+    int untilLongNuc = 500;          ///< deeds before the next correction that blocks
 };
 
 } // namespace monkey
