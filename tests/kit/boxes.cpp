@@ -57,6 +57,19 @@ void Boxes::settle()
                  .arg(QString::fromStdString(box.title), QString::fromStdString(box.text)));
     }
     announcements.clear();
+    for (const Open& box : open) {
+        requireHandled(box);
+    }
+    open.clear();
+}
+
+void Boxes::requireHandled(const Open& box)
+{
+    if (!box.handled) {
+        fail(QStringLiteral("a box was gone before it could be answered: \"%1\"")
+                 .arg(box.announced ? QString::fromStdString(box.announced->title)
+                                    : QStringLiteral("unexpected")));
+    }
 }
 
 bool Boxes::eventFilter(QObject* watched, QEvent* event)
@@ -76,7 +89,13 @@ bool Boxes::eventFilter(QObject* watched, QEvent* event)
 
 void Boxes::answerTopmost()
 {
-    open.remove_if([](const Open& box) { return box.dialog.isNull(); });
+    open.remove_if([](const Open& box) {
+        const bool gone = box.dialog.isNull();
+        if (gone) {
+            requireHandled(box);
+        }
+        return gone;
+    });
     // Only the box on top takes input; one below it has its turn when that one is gone.
     const auto top = std::find_if(open.rbegin(), open.rend(), [](const Open& box) {
         return box.dialog == QApplication::activeModalWidget();

@@ -43,7 +43,8 @@ public:
     void expect(Box box);
     /// How many announced boxes have not appeared yet.
     [[nodiscard]] int awaited() const;
-    /// Fails the test for each announced box that never came.
+    /// Fails the test for each announced box that never came, and for each box that went away
+    /// before it could be looked at and answered.
     void settle();
 
 protected:
@@ -57,6 +58,7 @@ private:
     };
 
     void answerTopmost();
+    static void requireHandled(const Open& box);
     static void compare(const QDialog& dialog, const Box& announced);
     static void answer(QDialog& dialog, Box::Answer how);
 

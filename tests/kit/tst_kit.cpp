@@ -24,6 +24,12 @@ private Q_SLOTS:
         kit::Operator user;
         user.expectBox({.title = "Hello", .text = "World"});
     }
+    void boxIsGoneAtOnce()
+    {
+        kit::Operator user;
+        user.expectBox({.kind = kit::Box::Dialog, .title = "Hello"});
+        QDialog(&user.window()).show();
+    }
     void otherText()
     {
         kit::Operator user;
@@ -202,8 +208,10 @@ private Q_SLOTS:
         process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--failing")});
         QVERIFY(process.waitForFinished());
         QStringList failures;
+        const QString output =
+            QString::fromUtf8(process.readAllStandardOutput()).remove(QLatin1Char('\r'));
         auto matches = QRegularExpression(QStringLiteral("FAIL!  : FailingSessions::(.*)"))
-                           .globalMatch(QString::fromUtf8(process.readAllStandardOutput()));
+                           .globalMatch(output);
         while (matches.hasNext()) {
             failures.append(matches.next().captured(1));
         }
@@ -211,6 +219,7 @@ private Q_SLOTS:
                  kit::lines({
                      "unannouncedBox() an unexpected box came: \"\" / \"No COM port found!",
                      "awaitedBoxStaysAway() a box did not come: \"Hello\" / \"World\"",
+                     "boxIsGoneAtOnce() a box was gone before it could be answered: \"Hello\"",
                      "otherText() the box \"\" / \"No COM port found!",
                      "otherKind() the box \"\" / \"No COM port found!",
                      "unannouncedWarning() unexpected warning: thin ice",

@@ -236,10 +236,19 @@ private Q_SLOTS:
     {
         kit::Operator user;
         user.connectCamera();
-        const QString before = user.text("Roi0IncX1");
+        const auto fields = [&user] {
+            QStringList texts;
+            for (const char* const region : {"Roi0Inc", "Roi0Exc", "Roi1Inc", "Roi1Exc"}) {
+                for (const char* const coordinate : {"X1", "X2", "Y1", "Y2"}) {
+                    texts.append(user.text(QByteArray(region) + coordinate));
+                }
+            }
+            return texts.join(QLatin1Char(' '));
+        };
+        const QString before = fields();
         user.sdk.camera = busyCamera();
         QStringList shown;
-        user.sdk.whenCalled("camera.getRoiY2", [&] { shown.append(user.text("Roi0IncX1")); });
+        user.sdk.whenCalled("camera.getRoiY2", [&] { shown.append(fields()); });
         user.click("readParamButtonUser");
         QCOMPARE(shown, (QStringList{before, before, before, before}));
         QCOMPARE(user.text("Roi0IncX1"), QStringLiteral("11"));
