@@ -14,7 +14,7 @@ import sys
 import tempfile
 
 DOCUMENTS = ["README.md", "CONTRIBUTING.md", "docs/user-guide.md", "docs/simulator.md",
-             "docs/architecture.md", "docs/sdk-boundary.md"]
+             "docs/architecture.md", "docs/sdk-boundary.md", "docs/quality.md"]
 
 # How a command is run: what is appended to keep it short, or None for the commands that are not
 # repeated here, because they run this very test.
@@ -29,6 +29,8 @@ RULES = [
     (r"cmake --install build --prefix \S+$", ""),
     (r"packaging/linux/(build|test)$", " --help"),
     (r"bench/run$", " --quick --build build"),
+    (r"tests/coverage/run$", " --help"),
+    (r"tests/mutations/run$", " --check"),
     (r"\./test$", None),
 ]
 
