@@ -123,6 +123,15 @@ private Q_SLOTS:
         QVERIFY(run("2") != first);
     }
 
+    void theSameSeedHitsTheSameCallsWhateverTheirRange()
+    {
+        const auto run = [](const QByteArray& calls) {
+            Planned scene("[setGsk]\nprobability=0.5\nseed=3\ncalls=" + calls + '\n');
+            return answers(scene.camera(), 200);
+        };
+        QCOMPARE(run("101-"), QByteArray(100, '1') + run("always").mid(100));
+    }
+
     void chanceOfNothingAndOfEverythingIsCertain()
     {
         {
