@@ -35,25 +35,35 @@ wine_environment() {
     # Without a folder of fonts the offscreen platform draws no text.
     export WINEQT_QPA_FONTDIR
     WINEQT_QPA_FONTDIR=$(windows_path /usr/share/fonts/truetype/dejavu)
-    export WINEPATH='' folder
+    local folder
+    export WINEPATH=''
     for folder in "$tool/bin" "$qt/bin" "$serialport/bin" $(runtime_folders); do
         WINEPATH+=$(windows_path "$folder")\;
     done
 }
 
-# wine_prepare: makes the Wine folder when it is not there yet, and starts its server for as long
-# as wine_end is not called. The list of ports is volatile: it lives as long as the server.
+# wine_prepare: makes the Wine folder when it is not there yet or when its settings changed, and starts
+# its server for as long as wine_end is not called. The list of ports is volatile: it lives as long as
+# the server.
 wine_prepare() {
     wine_environment
-    if [ ! -e "$wine_prefix/ready" ]; then
+    local settings
+    settings=$(sha256sum <"$here/wine.reg")
+    if [ "$(cat "$wine_prefix/settings" 2>/dev/null || true)" != "$settings" ]; then
         rm -rf "$wine_prefix"
         wineboot --init
         wineserver -w
         wine regedit /S "$(windows_path "$here/wine.reg")"
         wineserver -w
-        touch "$wine_prefix/ready"
+        echo "$settings" >"$wine_prefix/settings"
     fi
     wineserver -p
+    # One program stays, waiting for its input. With the last program Wine's own services end, and the
+    # next one starts them again with its output, which then does not end with the program.
+    exec 8> >(exec wine cmd)
 }
 
-wine_end() { wineserver -k || true; }
+wine_end() {
+    exec 8>&-
+    wineserver -k || true
+}

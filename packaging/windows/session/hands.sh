@@ -2,7 +2,7 @@
 # SDK's log and the simulator's journal for what came of it. Sourced by session/run.
 #
 # The script that sources it sets: results, folder (where the program is started), program (where it
-# lies), log (the SDK's log).
+# lies), log (the SDK's log), build_path (where the build's own DLLs lie).
 
 steps=0
 pictures=0
@@ -11,7 +11,7 @@ log_read=0
 window=
 pid=
 exit_code=
-declare -A places
+declare -A places=()
 
 # How long to wait for an effect, in tenths of a second. Long, because the machine may be busy.
 patience=300
@@ -56,7 +56,7 @@ find_places() {
     scratch=$(mktemp -d)
     while read -r on name x y; do
         places[$name]="$on $x $y"
-    done < <(cd "$scratch" && WINEPATH=$(wine_path) wine "$tool/bin/widget_places.exe" | tr -d '\r')
+    done < <(cd "$scratch" && WINEPATH=$build_path wine "$tool/bin/widget_places.exe" | tr -d '\r')
     rm -rf "$scratch"
     ((${#places[@]})) || die 'no widget was found'
 }
@@ -81,8 +81,8 @@ start_program() {
 }
 
 close_program() {
-    # As by the frame's cross.
-    xdotool windowclose "$window" 2>/dev/null || true
+    # The window manager asks the program to close, as the frame's cross does.
+    xdotool windowactivate --sync "$window" key alt+F4
     exit_code=0
     wait "$pid" || exit_code=$?
     pid=
@@ -94,16 +94,32 @@ stop_program() {
 
 # ---- mouse and keyboard
 
-# click NAME: on the middle of the widget, wherever the window stands.
-click() {
-    local on x y X Y
+# point_at NAME: moves the mouse to the middle of the widget, wherever the window stands.
+point_at() {
+    local on x y
     [ -n "${places[$1]:-}" ] || die "step $steps: there is no $1 in the window"
     read -r on x y <<<"${places[$1]}"
     [ "$on" = - ] || [ "$on" = "$page" ] || die "step $steps: $1 is on another page"
-    eval "$(xdotool getwindowgeometry --shell "$window" | grep -E '^[XY]=')"
-    xdotool mousemove $((X + x)) $((Y + y))
+    xdotool mousemove --window "$window" "$x" "$y"
     sleep 0.2
+}
+
+click() {
+    point_at "$1"
     xdotool click 1
+    sleep 0.3
+}
+
+# drag NAME PIXELS: to the right.
+drag() {
+    local moved
+    point_at "$1"
+    xdotool mousedown 1
+    for ((moved = 0; moved < $2; moved += 10)); do
+        xdotool mousemove_relative 10 0
+        sleep 0.05
+    done
+    xdotool mouseup 1
     sleep 0.3
 }
 
@@ -152,7 +168,7 @@ unplug() { wine reg delete "$ports_key" /v "\\Device\\Adapter$1" /f >/dev/null; 
 
 # ---- what came of it
 
-log_lines() { cat "$log" 2>/dev/null | wc -l; }
+log_lines() { { cat "$log" 2>/dev/null || true; } | wc -l; }
 
 # expect TEXT...: waits for log lines that end so, in this order, none before the last one found.
 expect() {
@@ -165,12 +181,18 @@ expect() {
 log_continues_with() {
     local at
     at=$(tail -n +$((log_read + 1)) "$log" 2>/dev/null | tr -d '\r' |
-        iconv -f CP1252 -t UTF-8 |
         TEXT=$1 awk '{ t = ENVIRON["TEXT"]; n = length($0) - length(t) }
             n >= 0 && substr($0, n + 1) == t { print NR; exit }')
     [ -n "$at" ] || return 1
     log_read=$((log_read + at))
 }
 
+# logged_at TEXT: when the last line that ends so was logged, in milliseconds.
+logged_at() {
+    date -d "$(tr -d '\r' <"$log" | grep -- "$1\$" | tail -n 1 | cut -c 1-23)" +%s%3N
+}
+
 called() { grep -qF -- "$1" "$folder/calls.txt"; }
-called_times() { (($(grep -cF -- "$2" "$folder/calls.txt") == $1)); }
+# sent OPERATION: the number that the camera got last.
+sent() { sed -n "s/.* $1(\([0-9]*\)) = .*/\1/p" "$folder/calls.txt" | tail -n 1; }
+called_times() { (($(grep -cF -- "$2" "$folder/calls.txt" || true) == $1)); }

@@ -1,6 +1,7 @@
 // Prints where the widgets of the tool's window are: "PAGE NAME X Y" a line, the middle of the
 // widget in pixels from the window's upper left corner. PAGE is "-" for what always shows, else the
-// number of the tab's page; the tabs themselves are called "tab0", "tab1" and so on.
+// number of the tab's page; the tabs themselves are called "tab0", "tab1" and so on. The handle of
+// a slider at its minimum has a place of its own, called after the slider and ".minimum".
 //
 // The program that an operator runs has the same window in the same places, as long as both run
 // with the same fonts and the same size of screen.
@@ -10,6 +11,7 @@
 #include <QtCore/QTextStream>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QSlider>
 #include <QtWidgets/QTabBar>
 #include <QtWidgets/QTabWidget>
 
@@ -29,6 +31,11 @@ void printShown(QTextStream& out, const QString& page, const QWidget& window, co
         const QString name = widget->objectName();
         if (widget->isVisible() && !name.isEmpty() && !name.startsWith(QLatin1String("qt_"))) {
             print(out, page, name, widget->mapTo(&window, widget->rect().center()));
+            if (const auto* slider = qobject_cast<const QSlider*>(widget)) {
+                constexpr int halfAHandle = 5;
+                const QPoint left(halfAHandle, slider->rect().center().y());
+                print(out, page, name + QLatin1String(".minimum"), slider->mapTo(&window, left));
+            }
         }
     }
 }

@@ -2,7 +2,7 @@
 # Qt's real serial port headers, behind which our stand-in is built.
 packages=(
     g++-mingw-w64-x86-64-posix libz-mingw-w64-dev binutils-mingw-w64-x86-64
-    cmake ninja-build make perl python3 dpkg-dev xz-utils zip
+    cmake ninja-build make perl python3 dpkg-dev xz-utils zip unzip
     libqt5serialport5-dev
     wine wine64 fonts-wine fonts-liberation fonts-dejavu-core
     xvfb xauth xdotool openbox imagemagick
