@@ -11,16 +11,20 @@ namespace {
 
 Warnings* current = nullptr;
 
-/// What the platform plugin without a display says about itself; no fault of the tool's.
+/// What the platform says about itself; no fault of the tool's. First the plugin without a display,
+/// then Windows' own where Wine stands for Windows, with the number of a window or an error behind.
 bool isPlatformRemark(const QString& message)
 {
     static constexpr std::array remarks = {
         "This plugin does not support propagateSizeHints()",
         "This plugin does not support raise()",
         "This plugin does not support grabbing the keyboard",
+        "EnableNonClientDpiScaling() failed for HWND",
+        "QPixmap::fromWinHICON(), failed to GetIconInfo()",
     };
-    return std::any_of(remarks.begin(), remarks.end(),
-                       [&](const char* remark) { return message == QLatin1String(remark); });
+    return std::any_of(remarks.begin(), remarks.end(), [&](const char* remark) {
+        return message.startsWith(QLatin1String(remark));
+    });
 }
 
 } // namespace
