@@ -58,12 +58,8 @@ wine_prepare() {
         echo "$settings" >"$wine_prefix/settings"
     fi
     wineserver -p
-    # One program stays, waiting for its input. With the last program Wine's own services end, and the
-    # next one starts them again with its output, which then does not end with the program.
-    exec 8> >(exec wine cmd)
 }
 
 wine_end() {
-    exec 8>&-
     wineserver -k || true
 }

@@ -54,9 +54,10 @@ require() {
 find_places() {
     local scratch on name x y
     scratch=$(mktemp -d)
+    (cd "$scratch" && WINEPATH=$build_path wine "$tool/bin/widget_places.exe" >places 2>/dev/null)
     while read -r on name x y; do
         places[$name]="$on $x $y"
-    done < <(cd "$scratch" && WINEPATH=$build_path wine "$tool/bin/widget_places.exe" | tr -d '\r')
+    done < <(tr -d '\r' <"$scratch/places")
     rm -rf "$scratch"
     ((${#places[@]})) || die 'no widget was found'
 }
