@@ -4,15 +4,17 @@
 // tool waits for ever by design.
 #pragma once
 
+#include "sdk/ombrix_sdk.h"
+
 #include <cstdint>
 #include <string>
 
 namespace hostile {
 
 /// The same seed and the same calls give the same answers.
-void start(std::uint64_t seed);
+OMBRIX_SDK_API void start(std::uint64_t seed);
 
 /// Everything logged since the last time, a line feed after each record.
-std::string takeLogged();
+OMBRIX_SDK_API std::string takeLogged();
 
 } // namespace hostile

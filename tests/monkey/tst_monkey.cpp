@@ -9,32 +9,53 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 
-#include <array>
-#include <csignal>
+#include <chrono>
+#include <condition_variable>
 #include <memory>
-
-#include <unistd.h>
+#include <mutex>
+#include <thread>
 
 namespace {
 
-/// Longest time for one deed, in seconds, before the program counts as stuck.
-constexpr unsigned patience = 120;
+/// Longest time for one deed before the program counts as stuck.
+constexpr std::chrono::seconds patience{120};
 /// Fewer deeds than this may well pass without a connection.
 constexpr quint64 fewDeeds = 500;
 /// Deeds before the window is closed and a new one opened.
 constexpr quint64 deedsPerWindow = 1000;
 
-/// What the run was doing, for a report that may not allocate.
-std::array<char, 256> doing{};
+/// Ends the program when a deed takes too long; from a thread of its own, because the stuck one
+/// cannot.
+class Watchdog {
+public:
+    Watchdog() : guard([this](const std::stop_token& end) { watch(end); }) {}
 
-void giveUp(int)
-{
-    static constexpr char stuck[] = "\nstuck at ";
-    (void)!::write(STDERR_FILENO, stuck, sizeof stuck - 1);
-    (void)!::write(STDERR_FILENO, doing.data(), qstrlen(doing.data()));
-    (void)!::write(STDERR_FILENO, "\n", 1);
-    std::abort();
-}
+    /// A deed begins.
+    void see(const QByteArray& deed)
+    {
+        const std::lock_guard lock(mutex);
+        doing = deed;
+        begun = std::chrono::steady_clock::now();
+    }
+
+private:
+    void watch(const std::stop_token& end)
+    {
+        std::unique_lock lock(mutex);
+        while (!end.stop_requested()) {
+            wake.wait_until(lock, end, begun + patience, [] { return false; });
+            if (!end.stop_requested() && std::chrono::steady_clock::now() >= begun + patience) {
+                qFatal("stuck at %s", doing.constData());
+            }
+        }
+    }
+
+    std::mutex mutex;
+    std::condition_variable_any wake;
+    QByteArray doing;
+    std::chrono::steady_clock::time_point begun = std::chrono::steady_clock::now();
+    std::jthread guard;
+};
 
 quint64 fromEnvironment(const char* name, quint64 otherwise)
 {
@@ -55,16 +76,18 @@ private Q_SLOTS:
         const quint64 seed = fromEnvironment("TAVREL_MONKEY_SEED", 1);
         const QTemporaryDir directory;
         QVERIFY(QDir::setCurrent(directory.path()));
-        (void)std::signal(SIGALRM, giveUp);
 
         kit::Warnings warnings;
+        Watchdog watchdog;
         hostile::start(seed);
         monkey::Monkey monkey(seed);
         std::unique_ptr<MainWindow> window;
         std::unique_ptr<monkey::Health> health;
         quint64 online = 0;
         for (quint64 step = 0; step < steps; ++step) {
-            ::alarm(patience);
+            const QByteArray doing =
+                QStringLiteral("step %1 of seed %2").arg(step).arg(seed).toUtf8();
+            watchdog.see(doing);
             if (step % deedsPerWindow == 0) {
                 health.reset();
                 window = std::make_unique<MainWindow>();
@@ -72,17 +95,15 @@ private Q_SLOTS:
                 health = std::make_unique<monkey::Health>(*window);
                 monkey.sitDownAt(*window);
             }
-            qsnprintf(doing.data(), doing.size(), "step %llu of seed %llu", step, seed);
             monkey.act();
             const QString finding = monkey.finding() + health->finding();
             warnings.settle();
             online += health->connected() ? 1 : 0;
             if (!finding.isEmpty() || QTest::currentTestFailed()) {
                 QFAIL(qPrintable(QStringLiteral("%1, %2: %3")
-                                     .arg(QLatin1String(doing.data()), monkey.deed(), finding)));
+                                     .arg(QString::fromUtf8(doing), monkey.deed(), finding)));
             }
         }
-        ::alarm(0);
         window->close();
         qInfo("seed %llu: %llu deeds, %llu of them with a camera, %d boxes", seed, steps, online,
               monkey.boxes());
