@@ -1,9 +1,12 @@
 // The four regions of interest: sixteen coordinates, their rule, and the boxes that enable a row.
 #include "tests/kit/operator.h"
 
+#include <QtCore/QTimer>
+#include <QtGui/QWindow>
 #include <QtWidgets/QSpinBox>
 
 #include <algorithm>
+#include <chrono>
 
 namespace {
 
@@ -221,6 +224,46 @@ private Q_SLOTS:
         user.rest();
         user.type("Roi1IncX2", "101");
         QCOMPARE(user.calls(), QStringList(sent("X2", 101, 2)));
+    }
+
+    // The menu takes the focus while it opens, so the note comes then and the menu goes. The
+    // toolkit's loop for the menu remains; everything must work inside of it until the program
+    // ends.
+    void aContextMenuOverABrokenRuleGivesWayToTheNoteAndBlocksNothing()
+    {
+        kit::Operator user;
+        connectCamera(user);
+        user.showTab("LUT");
+        const Coordinate& coordinate = coordinates[0];
+        kit::Box note = broken(coordinate, 0);
+        // The mouse is still held down where the menu was asked for.
+        note.answer = kit::Box::Answer::Escape;
+        user.expectBox(note);
+        user.type(box(0, coordinate.name), QByteArray::number(coordinate.breaking),
+                  Qt::Key_unknown);
+        QWindow* const surface = user.window().windowHandle();
+        const QWidget& edited = user.widget(box(0, coordinate.name));
+        const QPoint place = edited.mapTo(&user.window(), QPoint(10, edited.height() / 2));
+        QStringList callsMeanwhile;
+        bool menuMeanwhile = true;
+        QTimer meanwhile;
+        connect(&meanwhile, &QTimer::timeout, this, [&] {
+            if (QApplication::activeModalWidget() != nullptr) {
+                return;
+            }
+            meanwhile.stop();
+            QTest::mouseRelease(surface, Qt::RightButton, Qt::NoModifier, place);
+            menuMeanwhile = QApplication::activePopupWidget() != nullptr;
+            user.rest();
+            user.click("polarityButton");
+            callsMeanwhile = user.calls();
+            QCoreApplication::exit();
+        });
+        meanwhile.start(std::chrono::milliseconds(5));
+        QTest::mousePress(surface, Qt::RightButton, Qt::NoModifier, place);
+        QVERIFY(!meanwhile.isActive());
+        QVERIFY(!menuMeanwhile);
+        QCOMPARE(callsMeanwhile, kit::lines({"camera.setPolarity(true)"}));
     }
 
     // ---- the enable boxes
