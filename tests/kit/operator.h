@@ -2,6 +2,7 @@
 // display, against the recording SDK and real port discovery; what the operator does are mouse and
 // key events, what the operator sees is what the widgets show.
 //
+// clang-format off
 //     #include "tests/kit/operator.h"
 //
 //     class TestGamma : public QObject {
@@ -9,16 +10,17 @@
 //     private Q_SLOTS:
 //         void aFinishedEditSendsSixteenBitFixedPoint()
 //         {
-//             kit::Operator user;             // fresh SDK, no ports, own directory; checks at its
-//             end user.sdk.camera.gamma = 65536;  // what the camera will report
-//             user.connectCamera();           // plug, scan, connect; then empty journal and log
-//             mark user.type("gammaEdit", "1.3");  // real keys, then Tab QCOMPARE(user.calls(),
-//             kit::lines({"camera.setGamma(85196)"})); QCOMPARE(user.newLog(), kit::lines({"Set
-//             GAMMA value OK"}));
+//             kit::Operator user;             // fresh SDK, no ports, own directory
+//             user.sdk.camera.gamma = 65536;  // what the camera will report
+//             user.connectCamera();           // plug, scan, connect; then an empty journal
+//             user.type("gammaEdit", "1.3");  // real keys, then Tab
+//             QCOMPARE(user.calls(), kit::lines({"camera.setGamma(85196)"}));
+//             QCOMPARE(user.newLog(), kit::lines({"Set GAMMA value OK"}));
 //         }
 //     };
 //     TAVREL_TEST_MAIN(TestGamma)
 //     #include "tst_gamma.moc"
+// clang-format on
 //
 // Boxes: announce the box before the action that opens it. The operator looks at it inside its own
 // event loop, compares kind, title, text and buttons, and answers by a click. A box that was not
