@@ -419,6 +419,13 @@ void Monkey::attend()
         closeBox(*guarded);
     }
     attended.pop();
+    // Under Wine this may run before the box's event loop does, which then would go on forever: the
+    // box is brought up again.
+    QTimer::singleShot(std::chrono::milliseconds(1), this, [guarded] {
+        if (!guarded.isNull() && !guarded->isVisible()) {
+            guarded->show();
+        }
+    });
     // The one below had its turn while this one was on top.
     if (QApplication::activeModalWidget() != nullptr) {
         QMetaObject::invokeMethod(this, &Monkey::attend, Qt::QueuedConnection);
