@@ -61,5 +61,7 @@ wine_prepare() {
 }
 
 wine_end() {
+    wine_environment
     wineserver -k || true
+    wineserver -w || true
 }
