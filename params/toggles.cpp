@@ -29,7 +29,7 @@ void MainWindow::readToggle(const Toggle& toggle)
 
 void MainWindow::setToggle(const Toggle& toggle)
 {
-    // Asked for on every command, so that the SDK can bring itself up to date first.
+    // The SDK sees its root asked for before every switch, although only the camera is used.
     ombrix_sdk::OmbrixSdk::get_instance();
     if (camera == nullptr) {
         return;
