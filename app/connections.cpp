@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every signal connection of the window, in the order in which they are made.
 #include "app/mainwindow.h"
 #include "params/regions.h"

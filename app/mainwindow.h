@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window that holds all state and every handler of the tool. Each folder implements the members
 // of its own concern: app/ the window and its log, link/ ports and connection, params/ image and
 // expert parameters, bpr/ the bad pixel table.

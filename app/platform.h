@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Everything that differs between the platforms the tool runs on.
 #pragma once
 

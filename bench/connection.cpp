@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a connection with its full read costs the tool, beside the same calls of the same SDK made
 // in a loop without a window. The SDK is the recording one, whose answers take no time.
 #include "bench/replay.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Starts a program on the present display and looks at the display from outside, as its operator
 // does, until the program's window is painted. Prints three numbers: the milliseconds from the
 // start to the painted window, the milliseconds of processor time that the program had used by

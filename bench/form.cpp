@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The floor of a start: a program that builds the same form, with the same pictures, and shows it.
 // Nothing is connected, no camera library is loaded.
 #include "ui_mainwindow.h"

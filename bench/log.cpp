@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a line of the event log costs when the log is long, beside the same line in a short log; and
 // whether the window can still be used then.
 #include "tests/kit/operator.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The calls that a window made of the SDK, made once more in a loop without any window.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a read of the bad pixel table costs beside its floor: decoding a full table and putting
 // working copy and backup in place, against writing the same bytes plainly to two files.
 #include "bpr/files.h"

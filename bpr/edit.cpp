@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Declaring and undeclaring bad pixels in the working copy. The camera's own table is not touched.
 #include "app/mainwindow.h"
 #include "bpr/files.h"

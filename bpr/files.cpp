@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bpr/files.h"
 
 #include "app/platform.h"

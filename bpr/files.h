@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The files of the bad pixel table: one map per camera as working copy and as backup.
 //
 // Paths are the system's bytes, as the SDK takes them. Map files are replaced as a whole: whatever

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bpr/table.h"
 
 #include <opencv2/core.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The camera's bad pixel replacement table and its decoding into a bad pixel map.
 #pragma once
 

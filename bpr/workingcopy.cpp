@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The working copy: restored from the backup when it is missing, and reset to it on request.
 #include "app/mainwindow.h"
 #include "bpr/files.h"

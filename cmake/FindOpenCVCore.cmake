@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Finds OpenCV's core module alone and offers it as the target opencv_core. OpenCV's own package
 # configuration is used where there is one; Debian ships it only with all modules, so a lone
 # libopencv-core-dev is found by its header and library.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What every target of this project shares: language level, warnings, places of the output.
 include_guard()
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What surrounds the program where it is installed, and how the installed tree is packed. Included
 # last, because rules of installation run in their order.
 include_guard()

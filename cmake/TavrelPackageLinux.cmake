@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The installed tree around the program on a Linux desktop, the Debian package and the archive.
 set(linux ${PROJECT_SOURCE_DIR}/packaging/linux)
 set(generated ${PROJECT_BINARY_DIR}/packaging)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The folder of a program built with the Windows compiler, completed for a PC without Qt.
 set(CPACK_GENERATOR ZIP)
 

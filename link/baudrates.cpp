@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Two rates, kept apart: the one at which the SDK opens the next link, and the one at which the
 // camera itself talks.
 #include "app/mainwindow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Temperatures as the camera counts them and as the operator reads them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "params/conversions.h"
 
 #include <cmath>

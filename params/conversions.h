@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Conversions between widget values and camera values that are defined for every value.
 #pragma once
 

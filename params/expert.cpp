@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The Expert tab: its four values, and reading and applying the tab as a whole.
 #include "app/mainwindow.h"
 #include "params/expertvalues.h"

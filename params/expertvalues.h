@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The four detector values of the Expert tab.
 #pragma once
 

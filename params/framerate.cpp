@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "params/framerate.h"
 
 #include <algorithm>

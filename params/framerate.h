@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The frame rates of the camera, in the order of their combo box.
 #pragma once
 

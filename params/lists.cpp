@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Settings chosen from a list: video output, frame rate, contrast type, colours, edge correction.
 // The camera is written at every change of the index, whoever made it.
 #include "app/mainwindow.h"

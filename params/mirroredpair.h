@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A slider and a spin box that show one value, each in its own scale. The spin box holds the value
 // of record; the slider follows it and leads it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One-shot NUC requests and the shutter.
 #include "app/mainwindow.h"
 #include "app/platform.h"

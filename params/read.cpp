@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading the whole user state of the camera into the widgets and the log.
 //
 // A combo box whose index changes on the way sends the value back through its own handler; the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "params/regions.h"
 
 #include "app/mainwindow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The four regions of interest, in the order of the index that every camera operation takes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Applying every user parameter at once, and putting the SDK's defaults back.
 #include "app/mainwindow.h"
 #include "params/conversions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "params/toggles.h"
 
 #include "app/mainwindow.h"

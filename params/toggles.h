@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every feature of the camera that a checkable button switches on and off.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The seven user values that have a slider and a spin box: coupling and sending.
 #include "app/mainwindow.h"
 #include "params/conversions.h"

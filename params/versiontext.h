@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The camera's two version words as the operator reads them.
 #pragma once
 

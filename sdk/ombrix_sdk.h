@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The binary boundary to the camera maker's SDK library: five abstract interfaces, the log record
 // class and the records that cross with them. Nothing else of the library is known to the tool.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/badpixels.h"
 
 #include "simulator/files.h"

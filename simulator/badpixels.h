@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bad pixels of a sensor: the map file that the tool keeps and the table that the camera keeps.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The entry points that the library exports.
 #include "sdk/ombrix_sdk.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/camera.h"
 
 #include "simulator/badpixels.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A camera as one opening of it appears to the program.
 #pragma once
 

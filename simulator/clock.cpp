@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/clock.h"
 
 #include <chrono>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The simulator's time, in which delays, latency, warming up and the NUC pass.
 #pragma once
 

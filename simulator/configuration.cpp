@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/configuration.h"
 
 #include "simulator/rows.h"

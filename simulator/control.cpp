@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/control.h"
 
 #include "simulator/simulator.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a test does to the simulator behind the program's back. Exported beside the boundary.
 #pragma once
 

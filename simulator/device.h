@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A simulated camera itself, apart from the links that reach it: its parameters, its table region,
 // its shutter and its power.
 #pragma once

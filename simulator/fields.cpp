@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/fields.h"
 
 #include <QtCore/QStringList>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One number that the settings file, the memory and the camera or the configuration share: its key,
 // what its text may be, and how text and number become each other.
 #pragma once

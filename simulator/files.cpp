@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/files.h"
 
 #include <QtCore/QFile>

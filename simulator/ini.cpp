@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/ini.h"
 
 #include <QtCore/QFileInfo>

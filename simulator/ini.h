@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An INI file as the simulator reads it: every value that cannot be used and every key that means
 // nothing becomes a line that names file, key and reason.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/journal.h"
 
 namespace simulator {

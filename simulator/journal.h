@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The call journal: one line per operation that the program called, with arguments and answer and
 // without times, so that two journals can be compared.
 #pragma once

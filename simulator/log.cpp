@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/log.h"
 
 #include "sdk/ombrix_sdk.h"

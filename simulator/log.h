@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The SDK's log: one line per line of a record, with time, a mark that this is a simulator,
 // severity and text, on standard error or in a file.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the cameras and the SDK keep on disk: one text file per camera, its table region, and the
 // saved configuration, in one folder. Off without a folder.
 #pragma once

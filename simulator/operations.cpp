@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/operations.h"
 
 #include "simulator/rows.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The operations of the boundary that can take time or go wrong: as plans, the journal and the
 // latency know them.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/parameters.h"
 
 #include "simulator/rows.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Everything that a simulated camera holds as a number. The one table serves the settings file, the
 // memory and the camera itself.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/plan.h"
 
 #include "simulator/badpixels.h"

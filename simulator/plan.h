@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The plan of faults: which operations fail, when and how. Read from an INI file with one section
 // per operation or group of operations, and read again whenever the file changes.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Numbers that look random and are the same everywhere for the same seed.
 #pragma once
 

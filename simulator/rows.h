@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tables with one row per value of an enumeration.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/sdkroot.h"
 
 #include "simulator/simulator.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The root object of the simulated SDK.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/seriallink.h"
 
 #include "simulator/simulator.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One serial connection of the simulated SDK.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/settings.h"
 
 #include "simulator/badpixels.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the settings file and the environment may say, with the built-in values.
 #pragma once
 

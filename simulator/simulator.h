@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the parts of the simulator share: one per process, never destroyed, because a program may
 // log and call until its very end.
 #pragma once

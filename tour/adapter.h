@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A serial adapter of the simulated machine, pulled out and plugged in again while the program
 // runs. The machine is an umockdev testbed; a port is on the list as long as the class of terminals
 // has a link to it.

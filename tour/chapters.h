@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tour's steps, chapter by chapter, in the order in which they are taken.
 #pragma once
 

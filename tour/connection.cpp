@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Start window, ports, connection, and a first look at every tab.
 #include "tour/chapters.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading and resetting everything, unplugging, and the end of the session.
 #include "tour/chapters.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tour/faults.h"
 
 #include "tour/sight.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Makes the simulated camera fail while the program runs, by one of the fault plans that are
 // shipped with it.
 #pragma once

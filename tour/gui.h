@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The way from the operator's thread to the window, which lives in the GUI thread.
 #pragma once
 

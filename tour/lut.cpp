@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tour/chapters.h"
 
 namespace tour {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Preloaded into the program: starts the operator's thread beside it. Without a folder for the
 // report in the environment it does nothing.
 #include "tour/chapters.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tour/operator.h"
 
 #include "tour/gui.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The operator: works the window by pointer and keyboard, looks at what it shows, and expects.
 // An expectation that does not come true in time throws Failure.
 #pragma once

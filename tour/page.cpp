@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tour/page.h"
 
 #include "tour/sight.h"

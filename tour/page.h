@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The page that shows pictures and log side by side; one file that needs no other.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A click shows a picture in its full size, another one or Escape puts it back.
 const putBack = () =>
     document.querySelectorAll('.large').forEach(each => each.classList.remove('large'));

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tour/palette.h"
 
 #include <QtCore/QHash>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Makes pictures of the screen small: 256 colours are plenty for widgets and text.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tour/chapters.h"
 
 #include "tour/faults.h"

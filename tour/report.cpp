@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tour/report.h"
 
 #include "tour/palette.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the tour leaves behind: steps, pictures and the event log, in a folder.
 #pragma once
 

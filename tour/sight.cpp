@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tour/sight.h"
 
 #include <QtWidgets/QAbstractButton>

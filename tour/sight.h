@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the operator sees of the window: where things are on the screen and what they show. All of
 // it belongs to the GUI thread; call it by inGui(). A thing that is not there throws Failure.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tour/witness.h"
 
 #include <QtCore/QEvent>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Knows when the program has received a click. A window manager may hold a click back for a while
 // and let keys pass by it, so that typing has to wait for the click before it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tour/xserver.h"
 
 #include <xcb/xcb.h>

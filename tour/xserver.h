@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The X display of the tour: pointer and keyboard by the server's own test extension, so that the
 // program receives what a person's hands would have made, and pictures of what the screen shows.
 #pragma once

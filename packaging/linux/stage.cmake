@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Run by CPack over the installed tree before it is packed: brings the tree into the form that Debian
 # expects, and gives every file the same time, so that the same sources give the same package.
 set(tree ${CPACK_TEMPORARY_INSTALL_DIRECTORY})

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What the build, its stages and the test share: places, versions and a few helpers.
 # Sourced, never run.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # CMake toolchain: Windows x86_64 with MinGW-w64, the libraries that packaging/windows/build made.
 #
 #   cmake -DCMAKE_TOOLCHAIN_FILE=packaging/windows/toolchain.cmake [-DTAVREL_WINDOWS_CACHE=DIR] ...

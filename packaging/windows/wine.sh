@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # How Wine is set up for this lane. Sourced after or instead of lib.sh, never run.
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 

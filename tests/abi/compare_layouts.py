@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Holds the boundary's layouts against each other: as the Windows compiler lays it out and as g++
 does. Slots of every interface, offsets of every data member and sizes of every record must agree.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Makes the compiler lay out every interface and record of the boundary.
 #include "sdk/ombrix_sdk.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reaches a private member function for the few rules that no control of the window can show, such
 // as an empty log line. An explicit instantiation may name private members.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/app/startedprogram.h"
 
 #include <QtCore/QDir>

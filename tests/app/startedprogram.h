@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The built program, running in a process and a directory of its own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the loader takes on Linux: the library in the folders of a variable before its own.
 #include "tests/app/startedprogram.h"
 

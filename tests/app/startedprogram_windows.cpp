@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the loader takes on Windows: the library beside the program.
 #include "tests/app/startedprogram.h"
 

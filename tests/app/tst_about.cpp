@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The About dialog as the main window opens it.
 #include "tests/kit/operator.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every signal connection of the window, row by row: that it is there once, in its form, and that a
 // real emission reaches its handler.
 #include "tests/kit/operator.h"

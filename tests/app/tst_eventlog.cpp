@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The event log: the pane at the bottom of the window and the SDK's own log.
 #include "tests/app/privatemember.h"
 #include "tests/kit/operator.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the built program asks of the SDK library, by the names that the loader sees.
 #include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The folders of the bad pixel tables, made when the window is constructed.
 #include "tests/kit/operator.h"
 

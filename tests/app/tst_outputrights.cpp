@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The folders of the bad pixel tables in a directory that has become out of reach.
 #include "tests/kit/operator.h"
 

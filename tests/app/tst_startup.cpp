@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The built program from outside: what it writes, in which order, and which SDK library it takes.
 #include "tests/app/startedprogram.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window right after its construction, and its end.
 #include "tests/kit/operator.h"
 

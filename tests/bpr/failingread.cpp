@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/bpr/failingread.h"
 
 #include <array>

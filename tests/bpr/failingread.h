@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A medium that fails: reads of one file go wrong, as from a worn disk or a lost network drive.
 #pragma once
 

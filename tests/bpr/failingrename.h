@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A place that no other file can take, as a mount point or a file that another program holds.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/bpr/failingrename.h"
 
 #include "tests/bpr/importedcall_windows.h"

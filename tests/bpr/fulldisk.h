@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A limit on the size of files makes a disk full wherever a test wants it.
 #pragma once
 

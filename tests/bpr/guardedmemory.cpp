@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/bpr/guardedmemory.h"
 
 #include <QtCore/QtGlobal>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Memory behind which nothing can be touched without ending the program.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/bpr/importedcall_windows.h"
 
 #include <QtCore/QtGlobal>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Calls of the system that Qt's core library makes, led through functions of a test. Windows looks
 // every imported name up by library, so the table of Qt's imports is changed; the test's own calls
 // stay as they are.

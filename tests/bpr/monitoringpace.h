@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tells apart a monitoring timer that was left alone, stopped, or started again.
 #pragma once
 

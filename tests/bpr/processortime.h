@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How much work another process has done.
 #pragma once
 

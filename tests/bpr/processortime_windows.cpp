@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/bpr/processortime.h"
 
 #include <QtCore/qt_windows.h>

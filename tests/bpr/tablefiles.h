@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the tests of the bad pixel table know about its files.
 #pragma once
 

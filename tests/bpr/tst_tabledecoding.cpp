@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From the camera's table region to the bad pixel map.
 #include "bpr/table.h"
 #include "tests/bpr/guardedmemory.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Declaring and undeclaring bad pixels in the working copy.
 #include "tests/bpr/monitoringpace.h"
 #include "tests/bpr/tablefiles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Names, paths and files of the bad pixel table.
 #include "app/platform.h"
 #include "bpr/files.h"

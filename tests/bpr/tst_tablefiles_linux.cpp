@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Paths and files of the bad pixel table as Linux knows them: names of any bytes and any length,
 // directories that go, links.
 #include "app/platform.h"

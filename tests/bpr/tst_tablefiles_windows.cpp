@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Paths and files of the bad pixel table as Windows knows them: drives, backslashes, the code page
 // and the longest name of a directory.
 #include "app/platform.h"

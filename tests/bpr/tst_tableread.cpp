@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading the bad pixel table from the camera.
 #include "tests/bpr/monitoringpace.h"
 #include "tests/bpr/tablefiles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Restoring the working copy from the backup.
 #include "tests/bpr/monitoringpace.h"
 #include "tests/bpr/tablefiles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bad pixel table where the operator lacks the right to read or write. The superuser has every
 // right, so this program gives up its own before it begins.
 #include "tests/bpr/fulldisk.h"

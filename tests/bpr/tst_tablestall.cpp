@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A table that ends at its second record is waited for without end. The operation runs in a process
 // of its own, which is the same program told to be the operator.
 #include "tests/bpr/processortime.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Map files and bad luck: while one is written the disk fills up or the program dies. A limit on
 // the size of files brings about both, in the middle of a map.
 #include "bpr/files.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Treating the working copy and writing the table to the camera.
 #include "tests/bpr/failingread.h"
 #include "tests/bpr/monitoringpace.h"

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Prints lines and branches per folder, and every piece of code that no test reached.
 
 Code that no test can reach stands in the document, in a row of a table that begins with the file and

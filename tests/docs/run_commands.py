@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Runs every command that the documents show, in their order, in a copy of the sources and without
 a display; those for a second terminal while the tool runs on a virtual one. A command that no rule
 below knows fails, so that none is shown unproved.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Feeds arbitrary table regions to the decoding and checks what must hold for every one of them.
 // An input that is shorter than a region is continued with zeros, a longer one is cut.
 #include "bpr/table.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/kit/boxes.h"
 
 #include "tests/kit/failure.h"

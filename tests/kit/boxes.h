@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Answers the tool's message boxes and dialogs, each as the test announced it.
 #pragma once
 

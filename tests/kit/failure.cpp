@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/kit/failure.h"
 
 #include <QtTest/QTest>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fails the running test from inside a helper, which then goes on.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/kit/operator.h"
 
 #include "tests/kit/failure.h"

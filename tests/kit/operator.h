@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An operator at the real main window, for tests. The window is the tool's own, shown without a
 // display, against the recording SDK and real port discovery; what the operator does are mouse and
 // key events, what the operator sees is what the widgets show.

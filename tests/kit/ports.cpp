@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/kit/ports.h"
 
 #include <QtCore/QByteArray>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Serial ports without hardware, plugged and unplugged while the program runs, where
 // QSerialPortInfo itself finds them: in a udev testbed on Linux, in the registry's list of ports on
 // Windows. A new Ports is a machine without any serial port.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The camera of the recording SDK: a value store that writes down each call.
 #pragma once
 

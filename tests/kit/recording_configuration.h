@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The configuration of the recording SDK.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/kit/recording_library.h"
 
 #include "tests/kit/recording_camera.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The inside of the recording SDK: the journal, the table of operations and the answers.
 #pragma once
 

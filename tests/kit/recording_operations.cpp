@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every operation of the interfaces, by the name that journals and tests use.
 #include "tests/kit/recording_library.h"
 

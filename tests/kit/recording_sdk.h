@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A stand-in for the camera SDK library that remembers every call and answers as a test says. It is
 // built as libombrix.sdk.so, so the tool under test meets it through the real boundary; this header
 // is the other door, through which a test looks at the calls and sets the answers.

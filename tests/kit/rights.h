@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // For tests of missing rights to files: the superuser has every right, so such a program gives up
 // its own before it begins.
 #pragma once

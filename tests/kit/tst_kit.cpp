@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The kit itself: what the other tests take for granted.
 #include "tests/kit/operator.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/kit/warnings.h"
 
 #include "tests/kit/failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Watches what Qt has to say: a warning that nobody announced fails the test.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The connection states as the widgets show them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Connecting and disconnecting a camera.
 #include "tests/link/connectionstate.h"
 

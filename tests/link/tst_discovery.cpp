@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Listing the serial ports.
 #include "tests/link/connectionstate.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Ranges and values of the four expert controls, taken from the SDK configuration.
 #include "tests/kit/operator.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Watching port and temperatures while a camera is connected.
 #include "tests/link/connectionstate.h"
 

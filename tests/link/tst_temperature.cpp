@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The temperature boxes of the information bar.
 #include "link/temperature.h"
 #include "tests/link/connectionstate.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Random values from a seed, the same on every machine.
 #pragma once
 

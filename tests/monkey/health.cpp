@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/monkey/health.h"
 
 #include "app/mainwindow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What must hold for the window after every single event.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the hostile SDK answers, by kind of result.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The camera of the hostile SDK.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The configuration of the hostile SDK.
 #pragma once
 

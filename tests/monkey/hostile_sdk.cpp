@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/monkey/hostile_sdk.h"
 
 #include "tests/monkey/hostile_camera.h"

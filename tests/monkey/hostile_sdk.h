@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An SDK that keeps the letter of the boundary and nothing else: every result, record, buffer and
 // file that it hands out is drawn from a seed. It never throws, never answers with null where the
 // boundary promises an object, and never hands out a table that ends at record 1, for which the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/monkey/monkey.h"
 
 #include <QtCore/QTimer>

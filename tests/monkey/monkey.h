@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An operator without a plan: random input events at the real window, each drawn from a seed.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A run of the monkey: TAVREL_MONKEY_STEPS deeds drawn from TAVREL_MONKEY_SEED, at a window whose
 // SDK answers at random, with the window's health checked after each.
 #include "tests/kit/warnings.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Behaviours that are broken one by one, each with the test that must notice it.
 
 old stands exactly once in the file; new takes its place. A change that no test can notice, because

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The two baud rates: the one of the next link, and the one at which the camera itself talks.
 #include "tests/kit/operator.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What becomes of numbers on their way between the widgets and the camera, at the ends of their
 // ranges: every value has a defined outcome.
 #include "params/conversions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The Expert tab as a whole: its limits from the configuration, reading it, and applying it.
 #include "tests/kit/operator.h"
 

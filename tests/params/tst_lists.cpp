@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Settings chosen from a list: video output, LUT method, colours, edge correction.
 #include "tests/kit/operator.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The list of frame rates, which asks the camera first and resets the test pattern button.
 #include "tests/kit/operator.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The two NUC requests: one asked for by the operator, one of the automatic routine.
 #include "tests/kit/operator.h"
 

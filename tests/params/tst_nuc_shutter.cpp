@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The shutter: closing and opening it, and reading back where it stands.
 #include "tests/kit/operator.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The read as a whole: what the camera is asked, what is sent back to it and what is logged, in
 // order; and the reads that end early.
 #include "tests/kit/operator.h"

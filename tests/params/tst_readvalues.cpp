@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The read value by value: what each widget shows, what the log says and what is sent back.
 #include "tests/kit/operator.h"
 

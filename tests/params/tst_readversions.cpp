@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The version lines of a read, from the one word in which the camera reports both versions.
 #include "params/versiontext.h"
 

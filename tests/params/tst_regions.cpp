@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The four regions of interest: sixteen coordinates, their rule, and the boxes that enable a row.
 #include "tests/kit/operator.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Putting the defaults of the SDK back: which default lands where, and as what it is sent.
 #include "tests/kit/operator.h"
 

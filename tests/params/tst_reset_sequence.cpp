@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A whole reset, call by call and log line by log line.
 #include "tests/kit/operator.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The buttons that switch one feature of the camera on and off.
 #include "tests/kit/operator.h"
 

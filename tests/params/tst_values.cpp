@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The eleven values with a slider and a spin box: when a value goes to the camera, and as what.
 #include "tests/kit/operator.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The eleven pairs of a slider and a spin box: each widget follows the other in its own scale.
 #include "tests/kit/operator.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The zoom, which one button sends in two commands.
 #include "tests/kit/operator.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The contract with the SDK library, operation by operation: which slot of its virtual table each
 // one takes and with which types, where the data lies. The numbers stand here a second time on
 // purpose; the header must give exactly them.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One-byte results may hold any byte. Nonzero is success or "on"; with the sanitizers, a byte that
 // was taken for a C++ bool would end the program here.
 #include "tests/kit/operator.h"

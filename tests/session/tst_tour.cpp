@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The operator's tour, taken of the built program as ./run takes it: what it leaves behind, and
 // that it notices when a step has not its expected effect.
 #include <QtCore/QDir>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every key of the settings file, with a value unlike the built-in one and what the program then
 // sees through the boundary.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A program that uses the SDK as little as a program can, so that a test sees what a process of its
 // own writes where.
 #include "sdk/ombrix_sdk.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/simulator/scene.h"
 
 #include "simulator/control.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A simulated camera SDK that has just started, in an empty directory of its own and with nothing
 // of the machine's environment. The simulator is reached through the exported boundary only.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/simulator/table.h"
 
 #include <QtCore/QtEndian>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A reader of bad pixel tables, written from the rule by which tables are read and sharing nothing
 // with the simulator: the first record counts even with index 0, unless its index is beyond 307200;
 // every later one counts while its index lies from 1 to 307200; a second record that does not count

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Bad pixels: edits of the map file, the treatment into a table, and tables that come back from the
 // camera as they were sent.
 #include "tests/simulator/scene.h"

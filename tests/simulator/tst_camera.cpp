@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The simulated camera as it comes: what it answers, what it accepts, and what it does with calls
 // that no correct program makes.
 #include "tests/simulator/scene.h"

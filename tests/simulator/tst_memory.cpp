@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What outlives the program: the memory of the cameras and of the SDK on disk, and what a camera
 // keeps when its power is switched off and on.
 #include "tests/simulator/scene.h"

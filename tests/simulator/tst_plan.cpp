@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Plans of faults: which calls they hit, what becomes of those, and the plans that come with the
 // simulator.
 #include "tests/simulator/scene.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the simulator writes down: the log of the SDK and the journal of the calls.
 #include "tests/simulator/scene.h"
 

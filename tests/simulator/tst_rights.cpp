@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The simulator where the user lacks the right to read or write. The superuser has every right, so
 // this program gives up its own before it begins.
 #include "tests/kit/rights.h"

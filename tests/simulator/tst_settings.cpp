@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The settings file: every key reaches the program, every mistake is told and harmless.
 #include "tests/simulator/keys.h"
 #include "tests/simulator/table.h"

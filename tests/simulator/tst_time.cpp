@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What time does to the simulated camera: warming up, the NUC, calls as slow as their bytes on the
 // link. Time is the simulator's own clock, which stands still but for what a test lets pass.
 #include "tests/simulator/scene.h"

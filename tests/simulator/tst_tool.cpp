@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tool's own window with the simulated camera behind it: what an operator sees under each of
 // the plans that come along, and tables that travel to the camera and back.
 #include "app/mainwindow.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Fails and shows the places when a source of ours is not formatted as .clang-format says.
 set(sources)
 foreach(folder IN ITEMS app ui sdk link params bpr simulator tour tests/* bench packaging/windows/serialport)

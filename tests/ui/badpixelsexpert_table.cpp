@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mainwindow_table.h"
 
 using namespace setting;

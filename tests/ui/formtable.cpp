@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "formtable.h"
 
 #include <QCheckBox>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tables that say how a form must look, and the comparison of a real form with them.
 //
 // A row names a widget and every property that is set on it. Whatever a row leaves out must be as

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the main window's form must look like, one table for each part of the window.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A style whose default distances no form uses: what a form leaves to the style shows up.
 #pragma once
 

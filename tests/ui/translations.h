@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A translator that marks what it is asked for, to see which texts go through translation.
 #pragma once
 

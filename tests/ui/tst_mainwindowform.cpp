@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The form of the main window, alone: every widget, layout and text against the tables, and what
 // an operator can type into its fields.
 #include "mainwindow_table.h"

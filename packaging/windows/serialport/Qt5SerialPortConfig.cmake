@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 include(CMakeFindDependencyMacro)
 find_dependency(Qt5Core)
 include(${CMAKE_CURRENT_LIST_DIR}/Qt5SerialPortTargets.cmake)

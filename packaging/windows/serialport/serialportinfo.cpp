@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // QSerialPortInfo for Windows, as far as a program needs it that lists ports and never opens one.
 //
 // The list is the registry key in which Windows keeps the serial ports present right now: one value

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The operator's hands and eyes: xdotool for mouse and keyboard, pictures of the whole screen, the
 # SDK's log and the simulator's journal for what came of it. Sourced by session/run.
 #

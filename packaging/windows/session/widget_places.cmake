@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Says where the widgets of the tool's window are, so that the session can click on them.
 find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
 add_executable(widget_places ${CMAKE_CURRENT_LIST_DIR}/widget_places.cpp)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Prints where the widgets of the tool's window are: "PAGE NAME X Y" a line, the middle of the
 // widget in pixels from the window's upper left corner. PAGE is "-" for what always shows, else the
 // number of the tab's page; the tabs themselves are called "tab0", "tab1" and so on. The handle of

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The folder that an operator gets: the program, every DLL it needs, Qt's plugins, notes.
 . "$here/wine.sh"
 

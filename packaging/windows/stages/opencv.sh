@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # OpenCV's core module alone, static: the program then needs no DLL of it.
 #
 # Debian's archive carries none of OpenCV's bundled libraries, and its build looks for every image

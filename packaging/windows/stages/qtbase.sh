@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Qt's libraries as Windows DLLs, its tools (moc, uic, rcc, qmake) as programs of this machine.
 #
 # Debian's archive lacks the parts of Qt that are not free by its rules, so features that need them

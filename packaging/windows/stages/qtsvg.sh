@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The SVG library and its two plugins, which draw the tool's pictures at any size.
 fresh "$cache/build-qtsvg"
 cd "$cache/build-qtsvg"

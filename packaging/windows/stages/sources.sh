@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Source packages through a package index of our own: a machine's apt seldom lists sources, and its
 # configuration is not ours to change. The index comes from where the machine's binary packages
 # come from.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The tool, the SDK stand-in ombrix.sdk.dll and the tests, from the work tree as it is. CTest starts
 # the tests through Wine.
 cross_cmake "$project" "$tool" -DCMAKE_CROSSCOMPILING_EMULATOR="$here/wine-run" \

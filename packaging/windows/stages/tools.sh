@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The compiler for Windows, Wine, and what building and testing needs. libqt5serialport5-dev gives
 # Qt's real serial port headers, behind which our stand-in is built.
 packages=(

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # One file to hand over; -X leaves out what only this machine's file system knows.
 name=tavrel-$(tool_version)-windows-x86_64
 cd "$dist"
