@@ -22,6 +22,8 @@
 
 namespace ombrix_sdk {
 
+static_assert(sizeof(void*) == 8, "the library's slots and offsets are those of 64-bit programs");
+
 /// A one-byte result. 0 is failure or "off"; any other byte is success or "on", whichever byte the
 /// library chose, so it is never held in a C++ bool before it has been compared with 0.
 using Flag = std::uint8_t;
@@ -461,7 +463,12 @@ public:
     ILogger& GetILogger();
 
 private:
-    void* record;
+    // How large the library's own object is, is known nowhere: its constructor is given this much
+    // room and this alignment as a precaution. The project's own libraries use the first pointer.
+    union {
+        void* record;
+        alignas(16) unsigned char room[256];
+    };
 };
 
 /// Access to the process-wide root object.

@@ -48,8 +48,9 @@ static_assert(offsetof(AhcGainsLimitation, white) == 1);
 
 static_assert(sizeof(ReplacementEntry) == 8);
 
-// A record is one pointer wide, without a virtual table, and never copied.
-static_assert(sizeof(SDKLogger) == sizeof(void*) && !std::is_polymorphic_v<SDKLogger>);
+// A record has room for an object of the library, no virtual table, and is never copied.
+static_assert(sizeof(SDKLogger) == 256 && alignof(SDKLogger) == 16);
+static_assert(!std::is_polymorphic_v<SDKLogger>);
 static_assert(!std::is_copy_constructible_v<SDKLogger>);
 static_assert(std::is_constructible_v<SDKLogger, severity_level>);
 static_assert(std::is_same_v<decltype(&OmbrixSdk::get_instance), IOmbrixSdk* (*)()>);
