@@ -70,8 +70,10 @@ void MainWindow::writeBprTable()
     appendLog("Bad pixels found " + std::to_string(list.size()) + " < " +
               std::to_string(bpr::badPixelLimit));
     if (list.size() > std::size_t{bpr::badPixelLimit}) {
+        // The text leaves the number out; a translation may show it.
+        const QString text = tr("Can't write this BPR table into camera, too many bad pixels.");
         QMessageBox::about(this, tr("Treatment issue"),
-                           tr("Can't write this BPR table into camera, too many bad pixels."));
+                           text.contains(QLatin1String("%1")) ? text.arg(list.size()) : text);
         return;
     }
 

@@ -4,6 +4,8 @@
 #include "tests/bpr/monitoringpace.h"
 #include "tests/bpr/tablefiles.h"
 
+#include <QtCore/QTranslator>
+
 #include <functional>
 
 using tablefiles::mapOf;
@@ -245,6 +247,30 @@ private Q_SLOTS:
         user.click(writeButton);
         QCOMPARE(user.newLog(), QStringList(foundLine(count)));
         QCOMPARE(user.calls(), QStringList(treatment()));
+    }
+
+    void aTranslationMayShowHowManyEntriesThereAre()
+    {
+        class Counting : public QTranslator {
+        public:
+            [[nodiscard]] bool isEmpty() const override { return false; }
+            [[nodiscard]] QString translate(const char* /*context*/, const char* text,
+                                            const char* /*disambiguation*/,
+                                            int /*n*/) const override
+            {
+                return QByteArray(text).startsWith("Can't write this BPR table")
+                           ? QStringLiteral("%1 are too many.")
+                           : QString();
+            }
+        };
+        kit::Operator user;
+        connectWithTable(user);
+        user.sdk.camera.replacements.assign(1025, 1);
+        Counting translator;
+        QVERIFY(QCoreApplication::installTranslator(&translator));
+        user.expectBox({.title = "Treatment issue", .text = "1025 are too many."});
+        user.click(writeButton);
+        QCOMPARE(user.newLog(), QStringList(foundLine(1025)));
     }
 
     void eachWriteStartsWithAnEmptyList()
