@@ -14,9 +14,22 @@ namespace recording {
 
 namespace {
 
-std::string nameOf(const char* kind, int number)
+/// Where an object that comes back is kept; null when it was never given out or is freed.
+template<typename Object>
+std::unique_ptr<Object>* keeperOf(std::deque<std::unique_ptr<Object>>& all, const void* object)
 {
-    return std::string(kind) + " " + std::to_string(number);
+    const auto found = std::find_if(all.begin(), all.end(),
+                                    [&](const auto& kept) { return kept.get() == object; });
+    return object == nullptr || found == all.end() ? nullptr : &*found;
+}
+
+template<typename Object>
+std::string nameOf(const char* kind, const void* object, const std::unique_ptr<Object>* keeper)
+{
+    if (keeper != nullptr) {
+        return std::string(kind) + " " + std::to_string((*keeper)->number);
+    }
+    return object == nullptr ? "null" : "stranger";
 }
 
 } // namespace
@@ -76,13 +89,11 @@ public:
     void closeCamera(ombrix_sdk::ICamera* camera) override
     {
         auto& library = Library::instance();
-        const auto found = std::find_if(library.cameras.begin(), library.cameras.end(),
-                                        [&](const auto& known) { return known.get() == camera; });
-        std::string which = camera == nullptr ? "null" : "stranger";
-        if (found != library.cameras.end()) {
-            which = nameOf("camera", (*found)->number);
+        auto* const keeper = keeperOf(library.cameras, camera);
+        library.enter("link.closeCamera", number, nameOf("camera", camera, keeper).c_str());
+        if (keeper != nullptr && library.door.freesWhatIsClosed) {
+            keeper->reset();
         }
-        library.enter("link.closeCamera", number, which.c_str());
     }
 };
 
@@ -110,13 +121,11 @@ public:
     void releaseSerialLink(ombrix_sdk::ISerialLink** link) override
     {
         auto& library = Library::instance();
-        const auto found = std::find_if(library.links.begin(), library.links.end(),
-                                        [&](const auto& known) { return known.get() == *link; });
-        std::string which = *link == nullptr ? "null" : "stranger";
-        if (found != library.links.end()) {
-            which = nameOf("link", (*found)->number);
+        auto* const keeper = keeperOf(library.links, *link);
+        library.enter("sdk.releaseSerialLink", 0, nameOf("link", *link, keeper).c_str());
+        if (keeper != nullptr && library.door.freesWhatIsClosed) {
+            keeper->reset();
         }
-        library.enter("sdk.releaseSerialLink", 0, which.c_str());
         if (library.door.releaseClearsLink) {
             *link = nullptr;
         }
@@ -277,6 +286,7 @@ void Sdk::reset()
     camera = {};
     configuration = {};
     releaseClearsLink = true;
+    freesWhatIsClosed = true;
     library->reset();
 }
 

@@ -87,8 +87,8 @@ public:
     Sdk& door;
     std::unique_ptr<Root> root;
     std::unique_ptr<Configuration> configuration;
-    std::deque<std::unique_ptr<Link>> links;
-    std::deque<std::unique_ptr<Camera>> cameras;
+    std::deque<std::unique_ptr<Link>> links;     ///< in the order of creation; null once freed
+    std::deque<std::unique_ptr<Camera>> cameras; ///< in the order of opening; null once freed
 
     std::vector<Entry> entries;
     std::vector<LogRecord> records;

@@ -145,6 +145,9 @@ public:
 
     /// Whether releaseSerialLink sets the caller's variable to null.
     bool releaseClearsLink = true;
+    /// Whether a closed camera and a released link are freed, so that a sanitizer sees every later
+    /// use. A test that calls a closed camera on purpose keeps them.
+    bool freesWhatIsClosed = true;
 
     /// Every later call of the operation answers with value: a flag, a status, or what a getter
     /// returns. "link.openCamera" and "camera.getEdgeCorrection" answered with 0 give null.
