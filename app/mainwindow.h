@@ -137,6 +137,8 @@ private:
     bool openCameraLink(std::string port);
     void setupExpertSliders();
     void showNotConnected();
+    /// Whether a command may be sent: there is a camera, and it is not being closed.
+    [[nodiscard]] bool mayCommand() const { return camera != nullptr && !disconnecting; }
 
     // params/
     /// Shows the camera's whole user state; false when the camera did not answer.
@@ -200,4 +202,6 @@ private:
     /// Handed to the camera's connect; never deleted, because the SDK may keep it.
     struct ConnectionContext {};
     ConnectionContext* connectionContext = nullptr;
+    bool disconnecting = false;    ///< the connection is being taken down right now
+    unsigned endedConnections = 0; ///< for handlers that wait under a box, see ConnectionWatch
 };

@@ -18,7 +18,7 @@ ombrix_sdk::Flag MainWindow::sendCameraBaudRate()
 
 void MainWindow::changeCameraBaudRate()
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     reportResult(sendCameraBaudRate(), "Set baud rate value");

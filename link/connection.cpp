@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/mainwindow.h"
+#include "link/connectionwatch.h"
 #include "link/monitoring.h"
 #include "params/expertvalues.h"
 #include "ui_mainwindow.h"
 
+#include <QtCore/QScopedValueRollback>
 #include <QtCore/QTimer>
 #include <QtWidgets/QMessageBox>
 
@@ -38,6 +40,7 @@ void MainWindow::connectDevice()
         disconnectDevice();
         return;
     }
+    const tavrel::ConnectionWatch watch(endedConnections);
     if (readCameraParameters()) {
         ui->scanDeviceButton->setEnabled(false);
         ui->selectDeviceComboBox->setEnabled(false);
@@ -47,6 +50,9 @@ void MainWindow::connectDevice()
         ui->readParamButtonUser->setEnabled(true);
         ui->tabWidget->setEnabled(true);
         timer->start(tavrel::monitoringInterval);
+    }
+    if (watch.connectionEnded()) {
+        return;
     }
     // A failed read leaves the link open, so that the operator can press Connect again; the expert
     // values are shown in either case.
@@ -76,8 +82,12 @@ bool MainWindow::openCameraLink(std::string port)
 
 void MainWindow::disconnectDevice()
 {
+    // What locking the widgets sets off (an edit that ends, a slider that is let go) must not reach
+    // a closed camera.
+    const QScopedValueRollback<bool> whileDisconnecting(disconnecting, true);
     if (link != nullptr) {
         link->closeCamera(camera);
+        ++endedConnections;
     }
     timer->stop();
     if (link != nullptr) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The Expert tab: its four values, and reading and applying the tab as a whole.
 #include "app/mainwindow.h"
+#include "link/connectionwatch.h"
 #include "params/expertvalues.h"
 #include "params/toggles.h"
 
@@ -56,7 +57,7 @@ void MainWindow::TINTExpertValueChanged(double value)
 
 void MainWindow::sendExpertValue(const ExpertValue& value)
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     const std::uint32_t sent = lowWord((ui->*value.pair.box)->value());
@@ -85,7 +86,7 @@ void MainWindow::tintSendCommand()
 
 void MainWindow::ReadParamsExpert()
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     appendLog("Start reading camera expert parameters");
@@ -121,9 +122,13 @@ void MainWindow::ApplyParamsExpert()
         reportResult(sendCameraBaudRate(), "Set Mavlink baud rate value");
         // The answer to the baud rate alone decides, as the link stands or falls with it.
         if (lastResult == 0) {
+            const tavrel::ConnectionWatch watch(endedConnections);
             QMessageBox::warning(this, QString(),
                                  tr("Problem transmitting expert parameters values\n"),
                                  QMessageBox::Ok);
+            if (watch.connectionEnded()) {
+                return;
+            }
         } else {
             sdk->saveConfiguration();
         }

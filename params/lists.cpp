@@ -12,7 +12,7 @@ using tavrel::lowWord;
 
 void MainWindow::onVideoOutputCBChanged()
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     reportResult(camera->setVideoOutput(lowByte(ui->VideoOutputCB->currentIndex())),
@@ -21,7 +21,7 @@ void MainWindow::onVideoOutputCBChanged()
 
 void MainWindow::onFrameRateCBChanged()
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     const std::uint8_t hertz = tavrel::frameRateAt(ui->frameRateCB->currentIndex());
@@ -37,7 +37,7 @@ void MainWindow::onFrameRateCBChanged()
 
 void MainWindow::onContrastTypeEditChanged()
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     reportResult(camera->configureContrastType(lowByte(ui->contrastTypeEdit->currentIndex())),
@@ -46,7 +46,7 @@ void MainWindow::onContrastTypeEditChanged()
 
 void MainWindow::onLutColorEditChanged()
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     reportResult(camera->setColorLut(lowByte(ui->lutColorEdit->currentIndex())),
@@ -55,7 +55,7 @@ void MainWindow::onLutColorEditChanged()
 
 void MainWindow::onEdgeCorrectionCBChanged()
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     reportResult(camera->configureEdgeCorrection(lowByte(ui->EdgeCorrectionCB->currentIndex()),

@@ -2,6 +2,7 @@
 // One-shot NUC requests and the shutter.
 #include "app/mainwindow.h"
 #include "app/platform.h"
+#include "link/connectionwatch.h"
 #include "params/toggles.h"
 #include "ui_mainwindow.h"
 
@@ -18,7 +19,7 @@ constexpr std::chrono::milliseconds automaticNucDuration{1600};
 
 void MainWindow::requestNuc(bool automatic)
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     lastResult = camera->requestNuc(automatic ? 1 : 0);
@@ -39,14 +40,18 @@ void MainWindow::ApplyNucRequest()
 
 void MainWindow::AutoNucRequest()
 {
+    const tavrel::ConnectionWatch watch(endedConnections);
     requestNuc(true);
+    if (watch.connectionEnded()) {
+        return;
+    }
     tavrel::platform::blockThread(automaticNucDuration);
     readShutterPosition();
 }
 
 void MainWindow::shutterPositionChanged()
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     const ombrix_sdk::Flag result = camera->setShutterPosition(ui->shutterCtrlPB->isChecked());
@@ -62,7 +67,7 @@ void MainWindow::shutterPositionChanged()
 
 void MainWindow::readShutterPosition()
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     // A camera that reports success without writing the position reads as closed.

@@ -4,6 +4,7 @@
 // A combo box whose index changes on the way sends the value back through its own handler; the
 // handler's log line then comes before the line of the read.
 #include "app/mainwindow.h"
+#include "link/connectionwatch.h"
 #include "params/conversions.h"
 #include "params/framerate.h"
 #include "params/regions.h"
@@ -28,7 +29,11 @@ bool MainWindow::readCameraParameters()
     std::uint32_t versions = 0;
     camera->getVersions(&versions);
     if (versions == 0) {
+        const tavrel::ConnectionWatch watch(endedConnections);
         showNotConnected();
+        if (watch.connectionEnded()) {
+            return false;
+        }
         appendLog("End Read camera parameters : COM Error");
         return false;
     }

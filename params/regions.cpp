@@ -2,6 +2,7 @@
 #include "params/regions.h"
 
 #include "app/mainwindow.h"
+#include "link/connectionwatch.h"
 
 #include <QtWidgets/QMessageBox>
 
@@ -48,6 +49,12 @@ bool isRegion(int region)
 
 void MainWindow::sendCoordinate(const Coordinate& coordinate, int region)
 {
+    // Locking the parameters ends an edit. What was typed is dropped then, and no box opens while
+    // the connection is taken down.
+    if (disconnecting) {
+        return;
+    }
+    const tavrel::ConnectionWatch watch(endedConnections);
     // The camera judges an index outside the table; it travels and is reported unsigned.
     const auto index = static_cast<std::uint32_t>(region);
     std::uint32_t value = 0;
@@ -64,7 +71,7 @@ void MainWindow::sendCoordinate(const Coordinate& coordinate, int region)
                                tr("ROI ") + QString::number(region) + tr(coordinate.rule));
         }
     }
-    if (camera == nullptr) {
+    if (camera == nullptr || watch.connectionEnded()) {
         return;
     }
     const Flag result =

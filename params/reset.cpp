@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Applying every user parameter at once, and putting the SDK's defaults back.
 #include "app/mainwindow.h"
+#include "link/connectionwatch.h"
 #include "params/conversions.h"
 #include "params/framerate.h"
 #include "params/regions.h"
@@ -78,6 +79,7 @@ void resetRegion(const Ui& ui, Configuration& configuration, const EnableDefault
 void MainWindow::ApplyParamsUser()
 {
     ombrix_sdk::IOmbrixSdk* sdk = ombrix_sdk::OmbrixSdk::get_instance();
+    const tavrel::ConnectionWatch watch(endedConnections);
     appendLog("Start applying camera parameters");
     onFrameRateCBChanged();
     onVignettingCorrectionButtonClicked();
@@ -90,10 +92,15 @@ void MainWindow::ApplyParamsUser()
     onPolarityButtonClicked();
     gammaUserSendCommand();
     for (int region = 0; region < static_cast<int>(tavrel::regions.size()); ++region) {
-        x1RoiUserValueChanged(region);
-        x2RoiUserValueChanged(region);
-        y1RoiUserValueChanged(region);
-        y2RoiUserValueChanged(region);
+        for (const auto send :
+             {&MainWindow::x1RoiUserValueChanged, &MainWindow::x2RoiUserValueChanged,
+              &MainWindow::y1RoiUserValueChanged, &MainWindow::y2RoiUserValueChanged}) {
+            (this->*send)(region);
+            // A note about a region is open as long as the operator likes.
+            if (watch.connectionEnded()) {
+                return;
+            }
+        }
     }
     onContrastTypeEditChanged();
     onLutColorEditChanged();

@@ -32,7 +32,7 @@ void MainWindow::setToggle(const Toggle& toggle)
 {
     // The SDK sees its root asked for before every switch, although only the camera is used.
     ombrix_sdk::OmbrixSdk::get_instance();
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     QPushButton* button = ui->*toggle.button;

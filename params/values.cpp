@@ -99,7 +99,7 @@ void MainWindow::TempoFiltSpinValueChanged(int value)
 
 void MainWindow::gammaUserSendCommand()
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     constexpr double fixedPointOne = 65536.0;
@@ -109,7 +109,7 @@ void MainWindow::gammaUserSendCommand()
 
 void MainWindow::clheSendCommand()
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     reportResult(camera->setClhe(lowWord(ui->clheEdit->value())), "Set CLHE value");
@@ -123,7 +123,7 @@ void MainWindow::sharpeningSendCommand()
 
 void MainWindow::ahcGainSendCommand()
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     reportResult(camera->setAhcGainsLimitation(lowByte(ui->AhcBlackGainLimSpin->value()),
@@ -133,7 +133,7 @@ void MainWindow::ahcGainSendCommand()
 
 void MainWindow::tempoFilterSendCommand()
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     reportResult(camera->setLutTemporalFilter(lowByte(ui->TempoFilterSpin->value())),

@@ -5,7 +5,7 @@
 
 void MainWindow::onConfigureZoomResolutionClicked()
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     reportResult(camera->configureZoomResolution(
@@ -16,7 +16,7 @@ void MainWindow::onConfigureZoomResolutionClicked()
 
 void MainWindow::onConfigureZoomClicked()
 {
-    if (camera == nullptr) {
+    if (!mayCommand()) {
         return;
     }
     ombrix_sdk::Zoom zoom{};

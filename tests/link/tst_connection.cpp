@@ -369,6 +369,7 @@ private Q_SLOTS:
     void aDisconnectionLeavesTheCameraKnown()
     {
         kit::Operator user;
+        user.sdk.freesWhatIsClosed = false;
         user.connectCamera();
         user.click("disconnectDeviceButton");
         user.forget();

@@ -224,42 +224,6 @@ private Q_SLOTS:
         QCOMPARE(kit::usable(user), kit::disconnected());
     }
 
-    void theHandlerUnderTheBoxGoesOnWithTheCameraItHad()
-    {
-        kit::Operator user;
-        connectWithASecondPort(user);
-        user.hurry();
-        user.sdk.answer("camera.requestNuc", 0);
-        user.expectBox(
-            {.kind = kit::Box::Warning, .text = nucRequestText, .whileOpen = [&](QDialog&) {
-                 user.ports.unplug(QStringLiteral("ttyUSB0"));
-                 QVERIFY(QTest::qWaitFor([&] { return isDisconnected(user); }));
-                 user.forget();
-             }});
-        user.click("autoNucPB");
-        QCOMPARE(user.sdk.count("camera.getShutterPosition"), 1);
-        QCOMPARE(user.newLog(), kit::lines({"Shutter opened"}));
-        QCOMPARE(kit::usable(user), kit::disconnected());
-    }
-
-    void aReadThatFindsNoCameraEndsAfterTheDisconnectionBehindItsBox()
-    {
-        kit::Operator user;
-        connectWithASecondPort(user);
-        user.hurry();
-        user.sdk.camera.versions = 0;
-        user.expectBox({.title = "Camera not connected",
-                        .text = "Unable to connect to ttyUSB0",
-                        .whileOpen = [&](QDialog&) {
-                            user.ports.unplug(QStringLiteral("ttyUSB0"));
-                            QVERIFY(QTest::qWaitFor([&] { return isDisconnected(user); }));
-                        }});
-        user.click("readParamButtonUser");
-        QCOMPARE(user.newLog(), kit::lines({"Start reading camera parameters",
-                                            "End Read camera parameters : COM Error"}));
-        QCOMPARE(kit::usable(user), kit::disconnected());
-    }
-
     void aPortPulledBehindTheAboutDialogDisconnects()
     {
         kit::Operator user;

@@ -670,6 +670,7 @@ private Q_SLOTS:
     void afterADisconnectionTheLastCameraIsStillTheOneThatIsAsked()
     {
         kit::Operator user;
+        user.sdk.freesWhatIsClosed = false;
         connectExpert(user);
         user.click("disconnectDeviceButton");
         user.forget();

@@ -489,31 +489,6 @@ private Q_SLOTS:
         }
         QCOMPARE(user.calls().filter(QStringLiteral("camera.setRoi")), expected);
     }
-
-    // The monitoring goes on behind the box, so the camera can be gone when it closes.
-    void aPortThatVanishesBehindABoxDisconnectsAndTheApplyRunsToItsEnd()
-    {
-        kit::Operator user;
-        user.ports.plug(QStringLiteral("ttyUSB0"));
-        user.ports.plug(QStringLiteral("ttyUSB1"));
-        user.sdk.configuration.roi0IncX1 = 300;
-        user.sdk.configuration.roi0IncX2 = 200;
-        connectCamera(user);
-        bool disconnected = false;
-        user.expectBox({.title = "ROI",
-                        .text = "ROI 0 X1 must be lower than ROI X2",
-                        .whileOpen = [&](QDialog&) {
-                            user.ports.unplug(QStringLiteral("ttyUSB0"));
-                            disconnected = QTest::qWaitFor(
-                                [&] { return user.sdk.count("link.closeCamera") == 1; });
-                        }});
-        user.click("resetParamButtonUser");
-        QVERIFY(disconnected);
-        QCOMPARE(user.calls().last(), QStringLiteral("sdk.saveConfiguration()"));
-        QCOMPARE(user.newLog().last(), QStringLiteral("End applying camera parameters"));
-        QVERIFY(!user.enabled("resetParamButtonUser"));
-        QVERIFY(user.enabled("connectDeviceButton"));
-    }
 };
 
 TAVREL_TEST_MAIN(TestReset)
