@@ -7,13 +7,16 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <utility>
+#include <vector>
 
 namespace hostile {
 
 namespace {
 
 std::string logged;
+bool closed = false;
 
 constexpr char replacementFile[] = "replbp.bin";
 
@@ -33,12 +36,20 @@ public:
     {
         // Reads the name up to its end.
         const bool named = !std::string(portName).empty();
-        return draw().oneIn(named ? 10 : 2) ? nullptr : &draw().oneOf(cameras);
+        if (draw().oneIn(named ? 10 : 2)) {
+            return nullptr;
+        }
+        closed = false;
+        return cameras.emplace_back(std::make_unique<Camera>()).get();
     }
-    void closeCamera(ombrix_sdk::ICamera*) override {}
+    void closeCamera(ombrix_sdk::ICamera* camera) override
+    {
+        closed = true;
+        std::erase_if(cameras, [&](const auto& opened) { return opened.get() == camera; });
+    }
 
 private:
-    std::array<Camera, 2> cameras;
+    std::vector<std::unique_ptr<Camera>> cameras;
 };
 
 class Root final : public ombrix_sdk::IOmbrixSdk {
@@ -52,12 +63,19 @@ public:
         return &configuration;
     }
     void saveConfiguration() override {}
-    ombrix_sdk::ISerialLink* createSerialLink() override { return &draw().oneOf(links); }
-    void releaseSerialLink(ombrix_sdk::ISerialLink** link) override { fill(link, {}); }
+    ombrix_sdk::ISerialLink* createSerialLink() override
+    {
+        return links.emplace_back(std::make_unique<Link>()).get();
+    }
+    void releaseSerialLink(ombrix_sdk::ISerialLink** link) override
+    {
+        std::erase_if(links, [&](const auto& created) { return created.get() == *link; });
+        fill(link, {});
+    }
 
 private:
     Configuration configuration;
-    std::array<Link, 2> links;
+    std::vector<std::unique_ptr<Link>> links;
 };
 
 class Writer final : public ombrix_sdk::ILogger {
@@ -86,6 +104,12 @@ void start(std::uint64_t seed)
 {
     draw() = monkey::Draw(seed);
     logged.clear();
+    closed = false;
+}
+
+bool cameraClosed()
+{
+    return closed;
 }
 
 std::string takeLogged()

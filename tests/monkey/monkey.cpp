@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/monkey/monkey.h"
 
+#include "tests/monkey/hostile_sdk.h"
+
 #include <QtCore/QTimer>
 #include <QtGui/QWheelEvent>
 #include <QtGui/QWindow>
@@ -155,6 +157,8 @@ void Monkey::dragASlider()
     }
     if (draw.oneIn(8)) {
         letASecondPass();
+    } else if (draw.oneIn(16)) {
+        pullTheAdapter();
     }
     QTest::mouseRelease(&surface(), Qt::LeftButton, Qt::NoModifier, somewhere());
 }
@@ -199,6 +203,10 @@ void Monkey::typeANumber()
     }
     latest += QStringLiteral(" \"%1\"").arg(text);
     QTest::keyClicks(box, text);
+    if (draw.oneIn(16)) {
+        pullTheAdapter();
+        return;
+    }
     if (!draw.oneIn(5)) {
         key(draw.oneOf(finishes));
     }
@@ -243,6 +251,20 @@ void Monkey::letASecondPass()
     if (timer().isActive()) {
         QMetaObject::invokeMethod(window, "monitoringSystem");
     }
+}
+
+/// The port of the connection goes, and the window notices.
+void Monkey::pullTheAdapter()
+{
+    const QString name =
+        window->findChild<QComboBox*>(QStringLiteral("selectDeviceComboBox"))->currentText();
+    if (!timer().isActive() || !ports.plugged().contains(name)) {
+        return;
+    }
+    latest += QStringLiteral(" (%1 pulled)").arg(name);
+    ++pulled;
+    ports.unplug(name);
+    letASecondPass();
 }
 
 void Monkey::plugOrUnplug()
@@ -291,6 +313,9 @@ void Monkey::callBySlotName()
     static constexpr std::array slotNames = {"ApplyParamsUser", "ApplyParamsExpert",
                                              "ReadParamsExpert"};
     const char* const name = draw.oneOf(slotNames);
+    if (hostile::cameraClosed()) {
+        return;
+    }
     latest += QLatin1String(": ") + QLatin1String(name);
     QMetaObject::invokeMethod(window, name);
 }
@@ -436,7 +461,7 @@ void Monkey::attend()
 /// What may happen while a box is open.
 void Monkey::meddle(QDialog& dialog)
 {
-    switch (draw.below(6)) {
+    switch (draw.below(7)) {
     case 0:
         letASecondPass();
         break;
@@ -449,6 +474,9 @@ void Monkey::meddle(QDialog& dialog)
     case 3:
         // Behind the box: it must not get through.
         click(anyPointOf(*window));
+        break;
+    case 4:
+        pullTheAdapter();
         break;
     default:
         break;

@@ -35,6 +35,8 @@ public:
     [[nodiscard]] QString finding() const { return trouble; }
     /// Boxes that were answered so far.
     [[nodiscard]] int boxes() const { return answered; }
+    /// Adapters pulled in the middle of an edit, a drag or a box.
+    [[nodiscard]] int pulls() const { return pulled; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -52,6 +54,7 @@ private:
     void openAList();
     void changeTab();
     void letASecondPass();
+    void pullTheAdapter();
     void plugOrUnplug();
     void goOnline();
     void goOffline();
@@ -83,6 +86,7 @@ private:
     QString latest;
     QString trouble;
     int answered = 0;
+    int pulled = 0;
     QStack<const QDialog*> attended; ///< the boxes above one another that are being answered
     int untilLongNuc = 500;          ///< deeds before the next correction that blocks
 };

@@ -108,10 +108,11 @@ private Q_SLOTS:
         window->close();
         // Windows does not let the current directory be deleted.
         QVERIFY(QDir::setCurrent(QDir::tempPath()));
-        qInfo("seed %llu: %llu deeds, %llu of them with a camera, %d boxes", seed, steps, online,
-              monkey.boxes());
+        qInfo("seed %llu: %llu deeds, %llu of them with a camera, %d boxes, %d adapters pulled",
+              seed, steps, online, monkey.boxes(), monkey.pulls());
         // Most controls are out of reach without a camera; only a few deeds prove nothing.
         QVERIFY(online > steps / 4 || steps < fewDeeds);
+        QVERIFY(monkey.pulls() > 0 || steps < fewDeeds);
     }
 };
 
