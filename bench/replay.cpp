@@ -163,9 +163,9 @@ Arguments argumentsOf(const recording::Entry& entry)
 Replay::Replay(const std::vector<recording::Entry>& journal)
 {
     for (const recording::Entry& entry : journal) {
-        const auto* const row =
-            std::find_if(std::begin(rows), std::end(rows),
-                         [&](const Row& known) { return known.operation == entry.operation; });
+        const auto row = std::find_if(std::begin(rows), std::end(rows), [&](const Row& known) {
+            return known.operation == entry.operation;
+        });
         if (row == std::end(rows)) {
             std::fprintf(stderr, "replay: %s is missing in its table\n", entry.operation.c_str());
             std::abort();

@@ -18,7 +18,7 @@ std::uint8_t frameRateAt(int index)
 
 int frameRateIndex(std::uint8_t hertz, int fallback)
 {
-    const auto* const found = std::find(frameRates.begin(), frameRates.end(), hertz);
+    const auto found = std::find(frameRates.begin(), frameRates.end(), hertz);
     return found == frameRates.end() ? fallback : static_cast<int>(found - frameRates.begin());
 }
 

@@ -154,7 +154,7 @@ constexpr Operation operations[] = {
 
 const Operation& operationNamed(std::string_view name)
 {
-    const auto* const found =
+    const auto found =
         std::find_if(std::begin(operations), std::end(operations),
                      [&](const Operation& operation) { return operation.name == name; });
     if (found == std::end(operations)) {

@@ -125,7 +125,7 @@ QString Health::connectionFinding()
                    [this](const char* name) {
                        return window.findChild<QWidget*>(QLatin1String(name))->isEnabled();
                    });
-    const auto* const row =
+    const auto row =
         std::find_if(connectionRows.begin(), connectionRows.end(),
                      [&](const ConnectionRow& known) { return known.enabled == enabled; });
     if (row == connectionRows.end()) {

@@ -98,7 +98,7 @@ void Monkey::act()
         total += deed.weight;
     }
     std::size_t drawn = draw.below(total);
-    const auto* chosen = std::begin(deeds);
+    auto chosen = std::begin(deeds);
     while (drawn >= chosen->weight) {
         drawn -= chosen->weight;
         ++chosen;

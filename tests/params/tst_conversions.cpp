@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr int lowest = std::numeric_limits<int>::min();
 constexpr int highest = std::numeric_limits<int>::max();
@@ -32,7 +32,7 @@ private Q_SLOTS:
         QTest::newRow("beyond the lowest") << -2147483649.0 << lowest;
         QTest::newRow("infinity") << infinity << highest;
         QTest::newRow("less than everything") << -infinity << lowest;
-        QTest::newRow("no number") << nan << 0;
+        QTest::newRow("no number") << noNumber << 0;
     }
 
     void aNumberOutsideAFieldBecomesTheNearestOne()
@@ -60,7 +60,7 @@ private Q_SLOTS:
         QTest::newRow("beyond 64 bits") << 1.0e19 << 0U;
         QTest::newRow("beyond 64 bits below zero") << -1.0e19 << 0U;
         QTest::newRow("infinity") << infinity << 0U;
-        QTest::newRow("no number") << nan << 0U;
+        QTest::newRow("no number") << noNumber << 0U;
     }
 
     void aFieldTravelsAsItsLow32Bits()
