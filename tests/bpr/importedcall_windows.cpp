@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/bpr/importedcall_windows.h"
 
-#include <QtCore/QtGlobal>
+#include <QtCore/QCoreApplication>
 
 #include <cstring>
 
@@ -41,8 +41,13 @@ void** importPlace(char* library, const char* name)
 
 void* replaceImport(const char* name, void* replacement)
 {
-    auto* const library = reinterpret_cast<char*>(GetModuleHandleW(L"Qt5Core.dll"));
-    void** const place = library == nullptr ? nullptr : importPlace(library, name);
+    // Qt's core, whatever its file is called: the library that holds this object.
+    HMODULE library = nullptr;
+    GetModuleHandleExW(
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+        reinterpret_cast<const wchar_t*>(&QCoreApplication::staticMetaObject), &library);
+    void** const place =
+        library == nullptr ? nullptr : importPlace(reinterpret_cast<char*>(library), name);
     DWORD rights = 0;
     if (place == nullptr || !VirtualProtect(place, sizeof *place, PAGE_READWRITE, &rights)) {
         qFatal("%s is not imported", name);
