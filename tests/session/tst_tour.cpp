@@ -11,8 +11,6 @@
 
 namespace {
 
-const QString tourFolder = QStringLiteral(SOURCE_FOLDER "/tour");
-
 QByteArray contentOf(const QString& path)
 {
     QFile file(path);
@@ -35,8 +33,10 @@ struct Recording {
     QString output;
 };
 
-/// Takes the tour; settings: of the simulated camera, empty for the tour's own.
-Recording record(const QString& report, const QString& settings = {})
+/// Takes the tour of the program in the build folder; settings: of the simulated camera, empty for
+/// the tour's own.
+Recording record(const QString& tourFolder, const QString& build, const QString& report,
+                 const QString& settings = {})
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -45,7 +45,7 @@ Recording record(const QString& report, const QString& settings = {})
     }
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(tourFolder + QStringLiteral("/record"), {QStringLiteral(BUILD_FOLDER), report});
+    process.start(tourFolder + QStringLiteral("/record"), {build, report});
     constexpr int longest = 320000; // milliseconds
     const bool ended = process.waitForFinished(longest);
     return {ended && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
@@ -70,22 +70,31 @@ private Q_SLOTS:
     void theSdkIsAskedForWhatTheOperatorDid();
     void theFactoryTableIsBackInTheEnd();
     void aFailedStepIsReportedAndEndsTheTour();
+    void aModuleThatIsNotLoadedEndsTheTourAtOnce();
     void anAdapterIsPulledOutAndPluggedInFromOutside();
 
 private:
     [[nodiscard]] QString inReport(const QString& name) const
     {
-        return QDir(folder.path()).filePath(QStringLiteral("report/") + name);
+        return QDir(folder.path()).filePath(QStringLiteral("the report/") + name);
     }
 
     QTemporaryDir folder;
+    QString tourFolder; ///< of the sources
+    QString build;
     Recording tour;
 };
 
 void TestTour::initTestCase()
 {
     QVERIFY(folder.isValid());
-    tour = record(inReport(QString()));
+    // Sources, build and report are all reached by paths with a blank.
+    const QString sources = folder.filePath(QStringLiteral("the sources"));
+    build = folder.filePath(QStringLiteral("the build"));
+    QVERIFY(QFile::link(QStringLiteral(SOURCE_FOLDER), sources));
+    QVERIFY(QFile::link(QStringLiteral(BUILD_FOLDER), build));
+    tourFolder = sources + QStringLiteral("/tour");
+    tour = record(tourFolder, build, inReport(QString()));
 }
 
 void TestTour::everyStepHasItsExpectedEffect()
@@ -211,12 +220,26 @@ void TestTour::aFailedStepIsReportedAndEndsTheTour()
     file.write("[camera]\nports=ttyUSB7\n");
     file.close();
 
-    const Recording failed = record(report, settings);
+    const Recording failed = record(tourFolder, build, report, settings);
     QCOMPARE(failed.exitCode, 1);
     QVERIFY2(failed.output.contains(QLatin1String("FAILED")), qPrintable(endOf(failed.output)));
     const QByteArray page = contentOf(report + QStringLiteral("/index.html"));
     QVERIFY(page.contains("<section id=\"step-5\" class=\"failed\">"));
     QVERIFY(!page.contains("Image Processing</h2>"));
+}
+
+void TestTour::aModuleThatIsNotLoadedEndsTheTourAtOnce()
+{
+    const QDir other(folder.filePath(QStringLiteral("without module")));
+    QVERIFY(other.mkpath(QStringLiteral("bin")));
+    QVERIFY(QFile::link(build + QStringLiteral("/bin/tavrel"),
+                        other.filePath(QStringLiteral("bin/tavrel"))));
+    const Recording ended =
+        record(tourFolder, other.path(), folder.filePath(QStringLiteral("not taken")));
+    QCOMPARE(ended.exitCode, 1);
+    QVERIFY2(
+        ended.output.contains(QLatin1String("The tour cannot begin: its module is not loaded")),
+        qPrintable(endOf(ended.output)));
 }
 
 void TestTour::anAdapterIsPulledOutAndPluggedInFromOutside()
