@@ -56,6 +56,19 @@ QString percent(int part, int whole)
     return QString::number(100.0 * part / whole, 'f', 2) + QLatin1Char('%');
 }
 
+/// What a picture shows, for those who cannot see it.
+QString description(const Step& step, const Picture& picture)
+{
+    const QString what =
+        picture.caption.isEmpty() ? QStringLiteral("The window afterwards") : picture.caption;
+    QString text = QStringLiteral("%1: %2. %3.").arg(step.chapter, step.title, what);
+    if (!picture.actions.isEmpty()) {
+        text +=
+            QStringLiteral(" The operator: %1.").arg(picture.actions.join(QStringLiteral("; ")));
+    }
+    return text;
+}
+
 class Page {
 public:
     explicit Page(const Report& itsReport) : report(itsReport) { out.setCodec("UTF-8"); }
@@ -63,12 +76,12 @@ public:
     QString written()
     {
         out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
-            << "<meta name=\"viewport\" content=\"width=device-width\">\n"
+            << "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
             << "<title>Tavrel KV: an operator's tour</title>\n<style>\n"
             << resource("page.css") << "</style>\n</head>\n<body>\n";
+        writeHeader();
         writeContents();
         out << "<main>\n";
-        writeHeader();
         QString chapter;
         for (std::size_t index = 0; index < report.allSteps().size(); ++index) {
             const Step& step = report.allSteps()[index];
@@ -86,7 +99,7 @@ public:
 private:
     void writeContents()
     {
-        out << "<nav>\n";
+        out << "<nav>\n<details open>\n<summary>All steps</summary>\n";
         QString chapter;
         for (std::size_t index = 0; index < report.allSteps().size(); ++index) {
             const Step& step = report.allSteps()[index];
@@ -98,27 +111,29 @@ private:
                 << (step.failure.isEmpty() ? "" : " class=\"failed\"") << "><span>" << index + 1
                 << "</span>" << step.title.toHtmlEscaped() << "</a>\n";
         }
-        out << "</nav>\n";
+        out << "</details>\n</nav>\n";
     }
 
     void writeHeader()
     {
         const auto& steps = report.allSteps();
         const int failures = report.failures();
-        out << "<header>\n<h1>Tavrel KV: an operator's tour</h1>\n"
-            << "<p>The program as it was built, worked by real mouse and keyboard events, with a "
-               "simulated camera on a simulated serial port. Each step shows the screen beside the "
-               "lines that the step added to the event log. The numbered rings are the operator's "
-               "clicks and fade under the pointer; a click on a picture shows it in full size. "
-               "Taken on "
-            << QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd, hh:mm"))
-            << ".</p>\n<div class=\"verdict" << (failures == 0 ? "" : " failed") << "\">";
+        out << "<header>\n<h1>Tavrel KV: an operator's tour</h1>\n<p class=\"verdict"
+            << (failures == 0 ? "" : " failed") << "\">";
         if (failures == 0) {
             out << "All " << steps.size() << " steps had their expected effect";
         } else {
             out << failures << " of " << steps.size() << " steps failed";
         }
-        out << "</div>\n</header>\n";
+        out << "</p>\n<p>The program as it was built, worked by real mouse and keyboard events, "
+               "with "
+               "a simulated camera on a simulated serial port. Each step shows the screen beside "
+               "the "
+               "lines that the step added to the event log. The numbered rings are the operator's "
+               "clicks and fade under the pointer; a click on a picture shows it in full size. The "
+               "keys &rarr; and &larr; go to the next and to the previous step. Taken on "
+            << QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd, hh:mm"))
+            << ".</p>\n</header>\n";
     }
 
     void writeStep(std::size_t number, const Step& step)
@@ -127,7 +142,7 @@ private:
             << (step.failure.isEmpty() ? "" : " class=\"failed\"") << ">\n<h3><span>" << number
             << "</span>" << step.title.toHtmlEscaped() << "</h3>\n<div class=\"sides\">\n<div>\n";
         for (const Picture& picture : step.pictures) {
-            writePicture(picture);
+            writePicture(step, picture);
         }
         out << "</div>\n<div>\n";
         if (!step.failure.isEmpty()) {
@@ -158,18 +173,19 @@ private:
         out << "</div>\n</div>\n</section>\n";
     }
 
-    void writePicture(const Picture& picture)
+    void writePicture(const Step& step, const Picture& picture)
     {
         const QByteArray content = contentOf(report.path(picture.file)).toBase64();
-        out << "<figure>\n<div class=\"picture\"><img alt=\"" << picture.file << "\" width=\""
-            << picture.size.width() << "\" height=\"" << picture.size.height()
-            << "\" src=\"data:image/png;base64," << content << "\">";
+        out << "<figure>\n<div class=\"frame\"><div class=\"picture\"><img alt=\""
+            << description(step, picture).toHtmlEscaped() << "\" width=\"" << picture.size.width()
+            << "\" height=\"" << picture.size.height() << "\" src=\"data:image/png;base64,"
+            << content << "\">";
         for (const Click& click : picture.clicks) {
             out << "<i data-number=\"" << click.action
                 << "\" style=\"left:" << percent(click.place.x(), picture.size.width())
                 << ";top:" << percent(click.place.y(), picture.size.height()) << "\"></i>";
         }
-        out << "</div>\n";
+        out << "</div></div>\n";
         if (!picture.caption.isEmpty()) {
             out << "<figcaption>" << picture.caption.toHtmlEscaped() << "</figcaption>\n";
         }

@@ -86,7 +86,9 @@ void Report::addPicture(const QImage& image, const QString& caption, const QVect
     if (!withPalette(image).save(path(file), "PNG", smallest)) {
         throw Failure(QStringLiteral("%1 cannot be written").arg(file));
     }
-    step().pictures.push_back({file, caption, image.size(), clicks});
+    const QStringList actions = step().actions.mid(step().picturedActions);
+    step().picturedActions += actions.size();
+    step().pictures.push_back({file, caption, actions, image.size(), clicks});
 }
 
 int Report::failures() const

@@ -23,6 +23,7 @@ struct Click {
 struct Picture {
     QString file;
     QString caption;
+    QStringList actions; ///< what the operator did since the picture before
     QSize size;
     QVector<Click> clicks; ///< places in the picture
 };
@@ -34,7 +35,8 @@ struct Step {
     QStringList log;     ///< the event log's new lines
     QStringList calls;   ///< what reached the SDK, where the simulator tells
     std::vector<Picture> pictures;
-    QString failure; ///< empty when the step had its expected effect
+    int picturedActions = 0; ///< how many actions the pictures show so far
+    QString failure;         ///< empty when the step had its expected effect
 };
 
 class Report {

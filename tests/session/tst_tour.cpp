@@ -64,6 +64,9 @@ private Q_SLOTS:
     void everyTabHasAPicture();
     void noTwoTabsLookTheSame();
     void everyStepHasAPicture();
+    void everyPictureIsDescribedByItsStep();
+    void titleAndVerdictComeBeforeTheContentsAndTheSteps();
+    void theArrowKeysGoFromStepToStep();
     void theEventLogTellsTheSession();
     void thePageHoldsPicturesAndLogAndNeedsNoOtherFile();
     void theSdkIsAskedForWhatTheOperatorDid_data();
@@ -140,6 +143,49 @@ void TestTour::everyStepHasAPicture()
     for (const QString& step : steps) {
         QVERIFY2(step.contains(QLatin1String("<img ")), qPrintable(step.left(200)));
     }
+}
+
+void TestTour::everyPictureIsDescribedByItsStep()
+{
+    const QString page = QString::fromUtf8(contentOf(inReport(QStringLiteral("index.html"))));
+    static const QRegularExpression title(QStringLiteral("</span>(.*)</h3>"));
+    static const QRegularExpression action(QStringLiteral("<li>(.*)</li>"));
+    static const QRegularExpression image(QStringLiteral("<img alt=\"([^\"]*)\""));
+    for (const QString& step : page.split(QStringLiteral("<section ")).mid(1)) {
+        QStringList descriptions;
+        for (auto images = image.globalMatch(step); images.hasNext();) {
+            const QString description = images.next().captured(1);
+            QVERIFY2(description.contains(title.match(step).captured(1)), qPrintable(description));
+            QVERIFY2(!description.contains(QLatin1String(".png")), qPrintable(description));
+            QVERIFY2(!descriptions.contains(description), qPrintable(description));
+            descriptions.append(description);
+        }
+        // What the operator did stands with the picture that shows what came of it.
+        for (auto actions = action.globalMatch(step); actions.hasNext();) {
+            const QString done = actions.next().captured(1);
+            QVERIFY2(descriptions.join(QLatin1Char(' ')).contains(done), qPrintable(done));
+        }
+    }
+}
+
+void TestTour::titleAndVerdictComeBeforeTheContentsAndTheSteps()
+{
+    const QByteArray page = contentOf(inReport(QStringLiteral("index.html")));
+    int from = 0;
+    for (const char* const part : {"<h1>", "class=\"verdict\">All ", "<nav>", "<a href=\"#step-1\"",
+                                   "<section id=\"step-1\""}) {
+        const int at = page.indexOf(part, from);
+        QVERIFY2(at >= 0, part);
+        from = at;
+    }
+}
+
+void TestTour::theArrowKeysGoFromStepToStep()
+{
+    // The page's own program carries them; what it does with them is for a browser.
+    const QByteArray page = contentOf(inReport(QStringLiteral("index.html")));
+    QVERIFY(page.contains("The keys &rarr; and &larr; go to the next"));
+    QVERIFY(page.contains("ArrowRight: 1, ArrowLeft: -1"));
 }
 
 void TestTour::theEventLogTellsTheSession()
