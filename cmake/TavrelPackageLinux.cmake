@@ -45,13 +45,13 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The SVG pictures on the buttons are drawn by a plugin, which no library list names.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt5svg5)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-"Desktop tool with which an operator configures an Ombrix KV thermal infrared
-camera: scan the serial ports, connect, then read, change and write its image
-parameters and its bad pixel replacement table.
+"The camera of this package is simulated: one answers on every serial port, and
+nothing is sent to a real one. A real camera is reached through its maker's
+SDK library, which is not part of this package; the manual page says how to
+put it in front.
 
-The camera is reached through its maker's SDK library. This package brings a
-library that simulates cameras in its place, so that the tool can be tried
-and taught without one; the manual page says how to put another library in
-front of it.")
+Desktop tool with which an operator configures an Ombrix KV thermal infrared
+camera: scan the serial ports, connect, then read, change and write its image
+parameters and its bad pixel replacement table.")
 # For packaging/linux/stage.cmake, which runs when packages are made.
 set(CPACK_TAVREL_RELEASE_DATE ${TAVREL_RELEASE_DATE})

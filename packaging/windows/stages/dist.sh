@@ -41,10 +41,12 @@ while ((${#queue[@]})); do
 done
 find "$folder" -name '*.dll' -o -name '*.exe' | xargs "$triple-strip"
 
-# Licences: what the packages' own files say, and the licences they refer to.
+# Licences: the tool's, what the packages' own files say, and the licences they refer to.
+cp "$project/LICENSE" "$folder/licences/tavrel.txt"
 cp "$src/qtbase/debian/copyright" "$folder/licences/qtbase.txt"
 cp "$src/qtsvg/debian/copyright" "$folder/licences/qtsvg.txt"
 cp "$src/opencv/LICENSE" "$folder/licences/opencv.txt"
+cp "$src/opencv/debian/copyright" "$folder/licences/opencv-parts.txt"
 cp /usr/share/doc/g++-mingw-w64-x86-64-posix/copyright "$folder/licences/gcc-runtime.txt"
 cp /usr/share/doc/mingw-w64-common/copyright "$folder/licences/winpthreads.txt"
 cp /usr/share/doc/libz-mingw-w64-dev/copyright "$folder/licences/zlib.txt"

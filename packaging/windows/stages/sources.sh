@@ -33,6 +33,7 @@ dpkg-source --no-check --no-copy -x "$cache"/downloads/qtsvg-*.dsc "$src/qtsvg"
 # Of OpenCV the main archive alone: the contributed modules beside it are not used.
 mkdir "$src/opencv"
 tar -xf "$cache"/downloads/opencv_*.orig.tar.xz -C "$src/opencv" --strip-components=1
+tar -xf "$cache"/downloads/opencv_*.debian.tar.xz -C "$src/opencv" debian/copyright
 
 for name in "${names[@]}"; do
     # The packed sources' version goes into the notes beside the program.
