@@ -85,7 +85,8 @@ def main():
     done = set()
     tool = None
     with tempfile.TemporaryDirectory() as scratch:
-        folder = os.path.join(scratch, "tavrel")
+        # Nothing may stumble over a blank.
+        folder = os.path.join(scratch, "tavrel kv")
         copy(source, folder)
         for document in DOCUMENTS:
             for command in commands(os.path.join(source, document)):
