@@ -2,67 +2,138 @@
 #include "bpr/files.h"
 
 #include "app/platform.h"
-
-#include <QtCore/QFile>
-#include <QtCore/QFileInfo>
-#include <QtCore/QSaveFile>
+#include "bpr/storage.h"
 
 #include <opencv2/core/mat.hpp>
+
+#include <algorithm>
+#include <cstring>
+#include <functional>
+#include <vector>
 
 namespace tavrel::bpr {
 
 namespace {
 
-QString nativeName(const std::string& path)
+using Taker = std::function<bool(const char* piece, qint64 size)>;
+
+/// Hands a content over from its beginning, piece by piece. False when it cannot be read to its end
+/// or a piece was not taken.
+using Content = std::function<bool(const Taker&)>;
+
+/// Large contents travel in pieces of this size, so that any size takes the same memory.
+constexpr qint64 pieceSize = 1048576;
+
+Content contentOf(QFile& source)
 {
-    return QFile::decodeName(path.c_str());
+    return [&source](const Taker& take) {
+        std::vector<char> piece(static_cast<std::size_t>(std::min(source.size() + 1, pieceSize)));
+        qint64 size = 0;
+        bool going = source.seek(0);
+        while (going) {
+            size = source.read(piece.data(), static_cast<qint64>(piece.size()));
+            going = size > 0 && take(piece.data(), size);
+        }
+        return size <= 0 && source.error() == QFileDevice::NoError;
+    };
+}
+
+Content contentOf(const cv::Mat& map)
+{
+    // A map lies in one piece, line after line.
+    return [&map](const Taker& take) {
+        return take(map.ptr<char>(), static_cast<qint64>(map.total()));
+    };
+}
+
+bool isAllZero(const char* piece, qint64 size)
+{
+    return *piece == 0 && std::memcmp(piece, piece + 1, static_cast<std::size_t>(size - 1)) == 0;
+}
+
+/// Writes into an empty file. Whole pieces of zeros are left out, so that a file with holes does
+/// not fill the disk.
+bool writeNew(QFile& file, const Content& content)
+{
+    qint64 end = 0;
+    const bool written = content([&](const char* piece, qint64 size) {
+        end += size;
+        return size == pieceSize && isAllZero(piece, size) ? file.seek(end)
+                                                           : file.write(piece, size) == size;
+    });
+    return written && (end == file.size() || file.resize(end)) && flushToDisk(file);
+}
+
+/// Writes over what is there. Nothing is touched before the whole content was seen to be readable
+/// and to have room.
+void writeOver(QFile& file, const Content& content)
+{
+    qint64 end = 0;
+    const bool readable = content([&end](const char*, qint64 size) {
+        end += size;
+        return true;
+    });
+    const auto write = [&file](const char* piece, qint64 size) {
+        return file.write(piece, size) == size;
+    };
+    if (readable && reserve(file, end) && content(write)) {
+        file.resize(end);
+    }
+    flushToDisk(file);
 }
 
 /// A file that is replaced as a whole: another one is written beside it and then takes its place.
-/// Where none can take it (closed folder, device, mount point), the file itself is written over.
+/// The file itself is written over only where none can be made or none can take the place; where
+/// another one merely failed, by a full disk for example, the old file stays.
 class Replacement {
 public:
-    explicit Replacement(const QString& name) : beside(name), inPlace(name) {}
+    explicit Replacement(const std::string& file) : path(file) {}
 
-    /// Whether there is somewhere to write; changes nothing yet.
+    /// Whether the file can be written; changes nothing yet.
     bool open()
     {
-        const QFileInfo old(inPlace.fileName());
-        const bool replaceable = !old.exists() || old.isFile();
-        return (replaceable && beside.open(QIODevice::WriteOnly)) || openInPlace();
+        access = openForWriting(old, path);
+        if (access == Access::Refused) {
+            return false;
+        }
+        const Successor::Opened opened = successor.open(path);
+        if (opened == Successor::Opened::Yes && access == Access::Granted) {
+            successor.inherit(old);
+        }
+        return opened == Successor::Opened::Yes ||
+               (opened == Successor::Opened::FolderIsClosed && access == Access::Granted);
     }
 
-    void write(const QByteArray& content)
+    /// Whether nothing was there.
+    [[nodiscard]] bool isNew() const { return access == Access::Missing; }
+
+    /// False when the file turned out not to be writable. A content that cannot be had, or that
+    /// finds no room, leaves the old file and is not told.
+    bool write(const Content& content)
     {
-        if (inPlace.isOpen() || !writeBeside(content)) {
-            writeInPlace(content);
+        if (!successor.content().isOpen()) {
+            writeOver(old, content);
+            return true;
         }
+        if (!writeNew(successor.content(), content)) {
+            return true;
+        }
+        old.close();
+        if (successor.takePlace() != Successor::Placed::PlaceIsHeld) {
+            return true;
+        }
+        if (openForWriting(old, path) != Access::Granted) {
+            return false;
+        }
+        writeOver(old, content);
+        return true;
     }
 
 private:
-    /// Not emptied, so that a full disk still has the old content's room for the new one.
-    bool openInPlace() { return inPlace.open(QIODevice::ReadWrite | QIODevice::ExistingOnly); }
-
-    void writeInPlace(const QByteArray& content)
-    {
-        if (inPlace.write(content) == content.size() && inPlace.flush()) {
-            inPlace.resize(content.size());
-        }
-    }
-
-    /// False when the file is open for writing in place instead.
-    bool writeBeside(const QByteArray& content)
-    {
-        // A write that runs out of room in the middle reports no error, only fewer bytes, and the
-        // commit does not tell whether the bytes that were still in the buffer found room.
-        if (beside.write(content) != content.size() || !beside.flush()) {
-            beside.cancelWriting();
-        }
-        return beside.commit() || beside.error() != QFileDevice::RenameError || !openInPlace();
-    }
-
-    QSaveFile beside;
-    QFile inPlace;
+    const std::string& path;
+    Access access = Access::Refused;
+    QFile old;
+    Successor successor;
 };
 
 } // namespace
@@ -80,39 +151,33 @@ std::string pathInFolder(const char* folder, const std::string& fileName)
 
 bool fileExists(const std::string& path)
 {
-    return QFile(nativeName(path)).open(QIODevice::ReadOnly);
+    QFile file;
+    return openForReading(file, path);
 }
 
 bool copyFile(const std::string& source, const std::string& destination)
 {
-    QFile from(nativeName(source));
-    if (!from.open(QIODevice::ReadOnly)) {
+    QFile from;
+    if (!openForReading(from, source)) {
         return false;
     }
-    Replacement to(nativeName(destination));
-    if (!to.open()) {
-        return false;
-    }
-    const QByteArray content = from.readAll();
-    if (from.error() == QFileDevice::NoError) {
-        to.write(content);
-    }
-    return true;
+    Replacement to(destination);
+    return to.open() && to.write(contentOf(from));
 }
 
 void writeMap(const cv::Mat& map, const std::string& path)
 {
-    Replacement file(nativeName(path));
+    Replacement file(path);
     if (file.open()) {
-        // A map lies in one piece, line after line: nothing is copied before it is written.
-        file.write(QByteArray::fromRawData(map.ptr<char>(), static_cast<int>(map.total())));
+        file.write(contentOf(map));
     }
 }
 
 void writeNewMap(const cv::Mat& map, const std::string& path)
 {
-    if (!QFileInfo::exists(nativeName(path))) {
-        writeMap(map, path);
+    Replacement file(path);
+    if (file.open() && file.isNew()) {
+        file.write(contentOf(map));
     }
 }
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The files of the bad pixel table: one map per camera as working copy and as backup.
 //
-// Paths are the system's bytes, as the SDK takes them. Map files are replaced as a whole: whatever
-// interrupts a write, the old file or the new one is there. Only a file whose place no other can
-// take is written over where it stands. Whether a write succeeded is not checked, as nothing can be
+// Paths are the system's bytes, as the SDK takes them. Only regular files, and links to them, are
+// opened. Map files are replaced as a whole: whatever interrupts a write, the old file or the new
+// one is there. Only where the folder takes no new file, or no other file can take the place, the
+// file is written over where it stands. Whether a write succeeded is not checked, as nothing can be
 // done about it that the operator would not see in the next step.
 #pragma once
 

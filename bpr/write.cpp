@@ -3,9 +3,9 @@
 #include "app/platform.h"
 #include "bpr/files.h"
 #include "bpr/pause.h"
+#include "bpr/storage.h"
 #include "bpr/table.h"
 
-#include <QtCore/QFile>
 #include <QtWidgets/QMessageBox>
 
 #include <algorithm>
@@ -28,8 +28,8 @@ struct LoadedRegion {
 LoadedRegion loadReplacementFile()
 {
     constexpr std::uint8_t fill = 0xFF;
-    QFile file{QLatin1String(replacementFile)};
-    if (!file.open(QIODevice::ReadOnly)) {
+    QFile file;
+    if (!bpr::openForReading(file, replacementFile)) {
         return {nullptr, QT_TRANSLATE_NOOP("MainWindow", "Unable to open replbp.bin")};
     }
     const qint64 size = file.size();

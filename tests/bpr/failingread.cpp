@@ -12,6 +12,7 @@ namespace {
 std::string failingName;
 tablefiles::FailingRead::Failure failingHow = tablefiles::FailingRead::Error;
 int failures = 0;
+int seen = 0; ///< reads that could have failed
 
 bool isFailing(int file)
 {
@@ -33,11 +34,11 @@ extern "C" __attribute__((visibility("default"))) ssize_t read(int file, void* b
 {
     using Read = ssize_t (*)(int, void*, std::size_t);
     static const auto systemRead = reinterpret_cast<Read>(::dlsym(RTLD_NEXT, "read"));
-    if (!isFailing(file)) {
+    if (!isFailing(file) || (failingHow == tablefiles::FailingRead::Late && seen++ == 0)) {
         return systemRead(file, buffer, size);
     }
     ++failures;
-    if (failingHow == tablefiles::FailingRead::Error) {
+    if (failingHow != tablefiles::FailingRead::Short) {
         errno = EIO;
         return -1;
     }
@@ -50,6 +51,7 @@ namespace tablefiles {
 FailingRead::FailingRead(const char* fileName, Failure failure)
 {
     failures = 0;
+    seen = 0;
     failingHow = failure;
     failingName = std::string("/") + fileName;
 }

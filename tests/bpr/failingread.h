@@ -10,6 +10,7 @@ class FailingRead {
 public:
     enum Failure {
         Error, ///< every read reports an input/output error
+        Late,  ///< every read but the first one does
         Short  ///< the file ends earlier than its size says
     };
 

@@ -12,6 +12,7 @@ namespace {
 QString failingName;
 tablefiles::FailingRead::Failure failingHow = tablefiles::FailingRead::Error;
 int failures = 0;
+int seen = 0; ///< reads that could have failed
 
 using Read = BOOL WINAPI(HANDLE, LPVOID, DWORD, LPDWORD, LPOVERLAPPED);
 Read* systemRead = nullptr;
@@ -27,12 +28,12 @@ bool isFailing(HANDLE file)
 
 BOOL WINAPI read(HANDLE file, LPVOID buffer, DWORD size, LPDWORD done, LPOVERLAPPED overlapped)
 {
-    if (!isFailing(file)) {
+    if (!isFailing(file) || (failingHow == tablefiles::FailingRead::Late && seen++ == 0)) {
         return systemRead(file, buffer, size, done, overlapped);
     }
     ++failures;
     *done = 0;
-    if (failingHow == tablefiles::FailingRead::Error) {
+    if (failingHow != tablefiles::FailingRead::Short) {
         SetLastError(ERROR_IO_DEVICE);
         return FALSE;
     }
@@ -47,9 +48,10 @@ namespace tablefiles {
 FailingRead::FailingRead(const char* fileName, Failure failure)
 {
     if (systemRead == nullptr) {
-        systemRead = lead("ReadFile", read);
+        systemRead = lead(Importer::QtCore, "ReadFile", read);
     }
     failures = 0;
+    seen = 0;
     failingHow = failure;
     failingName = QLatin1Char('\\') + QLatin1String(fileName);
 }

@@ -12,14 +12,14 @@ int failures = 0;
 
 } // namespace
 
-// The program's own rename comes before the system's, for the libraries as well.
-extern "C" __attribute__((visibility("default"))) int rename(const char* from,
-                                                             const char* to) noexcept
+// The program's own renameat comes before the system's.
+extern "C" __attribute__((visibility("default"))) int
+renameat(int fromFolder, const char* from, int toFolder, const char* to) noexcept
 {
-    using Rename = int (*)(const char*, const char*);
-    static const auto systemRename = reinterpret_cast<Rename>(::dlsym(RTLD_NEXT, "rename"));
+    using Rename = int (*)(int, const char*, int, const char*);
+    static const auto systemRename = reinterpret_cast<Rename>(::dlsym(RTLD_NEXT, "renameat"));
     if (!failing) {
-        return systemRename(from, to);
+        return systemRename(fromFolder, from, toFolder, to);
     }
     ++failures;
     errno = EBUSY;

@@ -28,7 +28,7 @@ namespace tablefiles {
 FailingRename::FailingRename()
 {
     if (systemRename == nullptr) {
-        systemRename = lead("MoveFileExW", rename);
+        systemRename = lead(Importer::Program, "MoveFileExW", rename);
     }
     failures = 0;
     failing = true;

@@ -39,13 +39,15 @@ void** importPlace(char* library, const char* name)
 
 } // namespace
 
-void* replaceImport(const char* name, void* replacement)
+void* replaceImport(Importer importer, const char* name, void* replacement)
 {
-    // Qt's core, whatever its file is called: the library that holds this object.
-    HMODULE library = nullptr;
-    GetModuleHandleExW(
-        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-        reinterpret_cast<const wchar_t*>(&QCoreApplication::staticMetaObject), &library);
+    HMODULE library = GetModuleHandleW(nullptr);
+    if (importer == Importer::QtCore) {
+        // Whatever its file is called: the library that holds this object.
+        GetModuleHandleExW(
+            GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+            reinterpret_cast<const wchar_t*>(&QCoreApplication::staticMetaObject), &library);
+    }
     void** const place =
         library == nullptr ? nullptr : importPlace(reinterpret_cast<char*>(library), name);
     DWORD rights = 0;

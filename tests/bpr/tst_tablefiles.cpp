@@ -18,6 +18,8 @@ namespace bpr = tavrel::bpr;
 using tavrel::platform::currentDirectory;
 using tavrel::platform::pathSeparator;
 
+Q_DECLARE_METATYPE(tablefiles::FailingRead::Failure)
+
 namespace {
 
 std::string inDirectory(const char* name)
@@ -123,6 +125,11 @@ private Q_SLOTS:
         QTest::addRow("over a longer file") << QByteArray("short") << map;
         QTest::addRow("bytes that text modes touch") << lineEnds << QByteArray();
         QTest::addRow("nothing") << QByteArray("") << map;
+        // Larger than what is copied at once, with long rows of zeros at the beginning, in the
+        // middle and at the end.
+        const QByteArray zeros(2500000, '\0');
+        QTest::addRow("more than one piece") << zeros + "x" + zeros + "y" + zeros << map;
+        QTest::addRow("over a longer one of zeros") << zeros << QByteArray(6000000, 'x');
     }
 
     void aCopyHasEveryByteOfItsSource()
@@ -178,21 +185,33 @@ private Q_SLOTS:
         QCOMPARE(tablefiles::entries(QStringLiteral("folder")), QStringList());
     }
 
+    void aSourceThatCannotBeReadReplacesNothing_data()
+    {
+        QTest::addColumn<tablefiles::FailingRead::Failure>("failure");
+        QTest::addColumn<int>("size");
+        QTest::addRow("from the beginning") << tablefiles::FailingRead::Error << 3;
+        QTest::addRow("half way") << tablefiles::FailingRead::Late << 3000000;
+    }
+
     void aSourceThatCannotBeReadReplacesNothing()
     {
-        tablefiles::put(QStringLiteral("source"), "new");
+        QFETCH(tablefiles::FailingRead::Failure, failure);
+        QFETCH(int, size);
+        tablefiles::put(QStringLiteral("source"), QByteArray(size, 'n'));
         tablefiles::put(QStringLiteral("copy"), "old");
-        const tablefiles::FailingRead failing("source", tablefiles::FailingRead::Error);
+        const tablefiles::FailingRead failing("source", failure);
         QVERIFY(bpr::copyFile(inDirectory("source"), inDirectory("copy")));
         QVERIFY(failing.count() > 0);
         QCOMPARE(tablefiles::content(QStringLiteral("copy")), QByteArray("old"));
+        QCOMPARE(tablefiles::entries(QStringLiteral(".")),
+                 (QStringList{QStringLiteral("copy"), QStringLiteral("source")}));
     }
 
     void aFileWhosePlaceNoOtherCanTakeIsWrittenOver()
     {
-        const QByteArray map = tablefiles::mapOf({0, 5, 307199});
+        const QByteArray map = QByteArray(2500000, '\0') + tablefiles::mapOf({0, 5, 307199});
         tablefiles::put(QStringLiteral("source"), map);
-        tablefiles::put(QStringLiteral("copy"), QByteArray(400000, 'x'));
+        tablefiles::put(QStringLiteral("copy"), QByteArray(4000000, 'x'));
         tablefiles::put(QStringLiteral("map"), QByteArray(400000, 'x'));
         {
             const tablefiles::FailingRename failing;

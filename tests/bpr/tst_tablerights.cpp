@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The bad pixel table where the operator lacks the right to read or write. The superuser has every
 // right, so this program gives up its own before it begins.
+#include "tests/bpr/failingread.h"
 #include "tests/bpr/fulldisk.h"
 #include "tests/bpr/monitoringpace.h"
 #include "tests/bpr/tablefiles.h"
@@ -121,6 +122,20 @@ private Q_SLOTS:
         const QByteArray now = tablefiles::content(tablefiles::working());
         QVERIFY(now.left(1000) == mapOf({5, 7}).left(1000));
         QVERIFY(now.mid(1000) == old.mid(1000));
+    }
+
+    void aBackupThatBreaksOffDoesNotTouchAWorkingCopyInAClosedFolder()
+    {
+        kit::Operator user;
+        user.connectCamera();
+        tablefiles::put(tablefiles::working(), mapOf({1}));
+        tablefiles::put(QStringLiteral("bprBackup/first"), QByteArray(3000000, '\1'));
+        QVERIFY(QFile::link(QStringLiteral("first"), tablefiles::backup()));
+        const ClosedFolder working(QStringLiteral("bpr"));
+        const tablefiles::FailingRead failing("first", tablefiles::FailingRead::Late);
+        user.click("resetBPRTableButton");
+        QVERIFY(failing.count() > 0);
+        QVERIFY(tablefiles::content(tablefiles::working()) == mapOf({1}));
     }
 
     void aBackupThatCannotBeReadIsNeverOverwritten_data()
