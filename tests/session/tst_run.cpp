@@ -36,6 +36,7 @@ private Q_SLOTS:
     void withoutADisplayTheTourIsTakenAndItsDurationToldFirst();
     void theTourTakesThePathsOfItsCaller();
     void theToolTakesThePathsOfItsCaller();
+    void theCommandsThatItShowsWorkForItsCaller();
     void theTourEndsWithItsOwnCodeEvenWithoutALog();
     void theToolEndsWithItsOwnCode();
     void aSecondToolIsRefusedAndChangesNothing();
@@ -58,8 +59,9 @@ private:
     {
         return endOf(*started(words, display));
     }
-    /// A tool that works until its input ends; returns once it works.
-    std::unique_ptr<QProcess> workingTool(const QStringList& words = {}) const;
+    /// A tool that works until its input ends; returns once it works. told: gets what ./run said.
+    std::unique_ptr<QProcess> workingTool(const QStringList& words = {},
+                                          QByteArray* told = nullptr) const;
 
     std::unique_ptr<QTemporaryDir> folder;
     QProcessEnvironment environment;
@@ -90,12 +92,15 @@ std::unique_ptr<QProcess> TestRun::started(const QStringList& words, bool displa
     return process;
 }
 
-std::unique_ptr<QProcess> TestRun::workingTool(const QStringList& words) const
+std::unique_ptr<QProcess> TestRun::workingTool(const QStringList& words, QByteArray* told) const
 {
     auto tool = started(words, true);
     QByteArray output;
     while (!output.contains("working") && tool->waitForReadyRead(longest)) {
         output += tool->readAll();
+    }
+    if (told != nullptr) {
+        *told = output;
     }
     return tool;
 }
@@ -107,7 +112,7 @@ void TestRun::init()
     for (const char* const name : {"a caller", "a clone/tour"}) {
         QVERIFY(QDir().mkpath(path(QLatin1String(name))));
     }
-    for (const char* const name : {"run", "scripts", "tour/machine", "tour/ports"}) {
+    for (const char* const name : {"run", "scripts", "simulator", "tour/machine", "tour/ports"}) {
         QVERIFY(QFile::link(QLatin1String(SOURCE_FOLDER "/") + QLatin1String(name),
                             path(QLatin1String("a clone/") + QLatin1String(name))));
     }
@@ -164,6 +169,28 @@ void TestRun::theToolTakesThePathsOfItsCaller()
           path(QStringLiteral("a clone/build/session"))}) {
         QVERIFY2(tool.output.contains(line + QLatin1Char('\n')), qPrintable(tool.output));
     }
+}
+
+void TestRun::theCommandsThatItShowsWorkForItsCaller()
+{
+    write(QStringLiteral("a caller/my build/bin/tavrel"), "echo working; read word; exit 0\n");
+    QByteArray told;
+    const auto tool = workingTool({QStringLiteral("--build"), QStringLiteral("my build")}, &told);
+    int commands = 0;
+    for (const QString& line : QString::fromUtf8(told).split(QLatin1Char('\n'))) {
+        if (!line.startsWith(QLatin1String("    "))) {
+            continue;
+        }
+        ++commands;
+        QProcess shell;
+        shell.setWorkingDirectory(tool->workingDirectory());
+        shell.start(QStringLiteral("sh"), {QStringLiteral("-c"), line.trimmed()});
+        QVERIFY2(endOf(shell).exitCode == 0, qPrintable(line));
+    }
+    QCOMPARE(commands, 2);
+    QVERIFY(QFile::exists(path(QStringLiteral("a caller/my build/session/plan.ini"))));
+    tool->write("end\n");
+    QCOMPARE(endOf(*tool).exitCode, 0);
 }
 
 void TestRun::theTourEndsWithItsOwnCodeEvenWithoutALog()

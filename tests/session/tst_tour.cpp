@@ -66,7 +66,7 @@ private Q_SLOTS:
     void everyStepHasAPicture();
     void everyPictureIsDescribedByItsStep();
     void titleAndVerdictComeBeforeTheContentsAndTheSteps();
-    void theArrowKeysGoFromStepToStep();
+    void thePageBringsItsProgramAndTellsOfItsKeys();
     void theEventLogTellsTheSession();
     void thePageHoldsPicturesAndLogAndNeedsNoOtherFile();
     void theSdkIsAskedForWhatTheOperatorDid_data();
@@ -180,12 +180,12 @@ void TestTour::titleAndVerdictComeBeforeTheContentsAndTheSteps()
     }
 }
 
-void TestTour::theArrowKeysGoFromStepToStep()
+void TestTour::thePageBringsItsProgramAndTellsOfItsKeys()
 {
-    // The page's own program carries them; what it does with them is for a browser.
     const QByteArray page = contentOf(inReport(QStringLiteral("index.html")));
     QVERIFY(page.contains("The keys &rarr; and &larr; go to the next"));
-    QVERIFY(page.contains("ArrowRight: 1, ArrowLeft: -1"));
+    const QByteArray program = contentOf(tourFolder + QStringLiteral("/page.js"));
+    QVERIFY(!program.isEmpty() && page.contains("<script>\n" + program + "</script>"));
 }
 
 void TestTour::theEventLogTellsTheSession()
