@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/kit/boxes.h"
 
-#include "tests/kit/failure.h"
-
 #include <QtCore/QEvent>
 #include <QtGui/QWindow>
 #include <QtTest/QTest>
@@ -22,13 +20,6 @@ QString describe(const QDialog& dialog)
         .arg(dialog.windowTitle(), box != nullptr ? box->text() : QString());
 }
 
-void require(bool condition, const QDialog& dialog, const QString& wanted)
-{
-    if (!condition) {
-        fail(QStringLiteral("the box %1 came, wanted: %2").arg(describe(dialog), wanted));
-    }
-}
-
 } // namespace
 
 Boxes::Boxes()
@@ -41,9 +32,9 @@ Boxes::~Boxes()
     qApp->removeEventFilter(this);
 }
 
-void Boxes::expect(Box box)
+void Boxes::expect(Box box, const Place& place)
 {
-    announcements.push_back(std::move(box));
+    announcements.push_back({std::move(box), place});
 }
 
 int Boxes::awaited() const
@@ -53,9 +44,10 @@ int Boxes::awaited() const
 
 void Boxes::settle()
 {
-    for (const Box& box : announcements) {
+    for (const auto& [box, place] : announcements) {
         fail(QStringLiteral("a box did not come: \"%1\" / \"%2\"")
-                 .arg(QString::fromStdString(box.title), QString::fromStdString(box.text)));
+                 .arg(QString::fromStdString(box.title), QString::fromStdString(box.text)),
+             place);
     }
     announcements.clear();
     for (const Open& box : open) {
@@ -68,8 +60,9 @@ void Boxes::requireHandled(const Open& box)
 {
     if (!box.handled) {
         fail(QStringLiteral("a box was gone before it could be answered: \"%1\"")
-                 .arg(box.announced ? QString::fromStdString(box.announced->title)
-                                    : QStringLiteral("unexpected")));
+                 .arg(box.announced ? QString::fromStdString(box.announced->box.title)
+                                    : QStringLiteral("unexpected")),
+             box.announced ? box.announced->place : calledFrom());
     }
 }
 
@@ -79,7 +72,8 @@ bool Boxes::eventFilter(QObject* watched, QEvent* event)
         if (auto* const dialog = qobject_cast<QDialog*>(watched)) {
             open.push_back({dialog, nullptr});
             if (!announcements.empty()) {
-                open.back().announced = std::make_unique<Box>(std::move(announcements.front()));
+                open.back().announced =
+                    std::make_unique<Announced>(std::move(announcements.front()));
                 announcements.pop_front();
             }
             QMetaObject::invokeMethod(this, &Boxes::answerTopmost, Qt::QueuedConnection);
@@ -112,39 +106,47 @@ void Boxes::answerTopmost()
         dialog->close();
     } else {
         compare(*dialog, *announced);
-        if (announced->whileOpen) {
-            announced->whileOpen(*dialog);
+        if (announced->box.whileOpen) {
+            announced->box.whileOpen(*dialog);
         }
         if (!dialog.isNull()) {
-            answer(*dialog, announced->answer);
+            answer(*dialog, *announced);
         }
     }
     QMetaObject::invokeMethod(this, &Boxes::answerTopmost, Qt::QueuedConnection);
 }
 
-void Boxes::compare(const QDialog& dialog, const Box& announced)
+void Boxes::compare(const QDialog& dialog, const Announced& announced)
 {
-    require(dialog.isModal(), dialog, QStringLiteral("a modal one"));
-    require(dialog.windowTitle() == QString::fromStdString(announced.title), dialog,
-            QStringLiteral("the title \"%1\"").arg(QString::fromStdString(announced.title)));
+    const auto require = [&](bool condition, const QString& wanted) {
+        if (!condition) {
+            fail(QStringLiteral("the box %1 came, wanted: %2").arg(describe(dialog), wanted),
+                 announced.place);
+        }
+    };
+    const Box& wanted = announced.box;
+    require(dialog.isModal(), QStringLiteral("a modal one"));
+    require(dialog.windowTitle() == QString::fromStdString(wanted.title),
+            QStringLiteral("the title \"%1\"").arg(QString::fromStdString(wanted.title)));
     const auto* const box = qobject_cast<const QMessageBox*>(&dialog);
-    require((box == nullptr) == (announced.kind == Box::Dialog), dialog,
+    require((box == nullptr) == (wanted.kind == Box::Dialog),
             QStringLiteral("the other kind of window"));
     if (box == nullptr) {
         return;
     }
-    require(box->text() == QString::fromStdString(announced.text), dialog,
-            QStringLiteral("the text \"%1\"").arg(QString::fromStdString(announced.text)));
-    require((box->icon() == QMessageBox::Warning) == (announced.kind == Box::Warning), dialog,
+    require(box->text() == QString::fromStdString(wanted.text),
+            QStringLiteral("the text \"%1\"").arg(QString::fromStdString(wanted.text)));
+    require((box->icon() == QMessageBox::Warning) == (wanted.kind == Box::Warning),
             QStringLiteral("the other kind of message box"));
-    require(box->icon() == QMessageBox::Warning || box->icon() == QMessageBox::NoIcon, dialog,
+    require(box->icon() == QMessageBox::Warning || box->icon() == QMessageBox::NoIcon,
             QStringLiteral("about or warning"));
-    require(box->standardButtons() == QMessageBox::Ok, dialog, QStringLiteral("one OK button"));
-    require(box->parentWidget() != nullptr, dialog, QStringLiteral("a parent window"));
+    require(box->standardButtons() == QMessageBox::Ok, QStringLiteral("one OK button"));
+    require(box->parentWidget() != nullptr, QStringLiteral("a parent window"));
 }
 
-void Boxes::answer(QDialog& dialog, Box::Answer how)
+void Boxes::answer(QDialog& dialog, const Announced& announced)
 {
+    const Box::Answer how = announced.box.answer;
     const auto buttons = dialog.findChildren<QAbstractButton*>();
     if (how == Box::Frame) {
         dialog.close();
@@ -156,7 +158,7 @@ void Boxes::answer(QDialog& dialog, Box::Answer how)
                           button->mapTo(&dialog, button->rect().center()));
     }
     if (dialog.isVisible()) {
-        fail(QStringLiteral("the box %1 did not close").arg(describe(dialog)));
+        fail(QStringLiteral("the box %1 did not close").arg(describe(dialog)), announced.place);
         dialog.close();
     }
 }

@@ -2,6 +2,8 @@
 // Answers the tool's message boxes and dialogs, each as the test announced it.
 #pragma once
 
+#include "tests/kit/failure.h"
+
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtWidgets/QDialog>
@@ -41,7 +43,7 @@ public:
     ~Boxes() override;
 
     /// The next box to appear, after those announced before.
-    void expect(Box box);
+    void expect(Box box, const Place& place = Place::current());
     /// How many announced boxes have not appeared yet.
     [[nodiscard]] int awaited() const;
     /// Fails the test for each announced box that never came, and for each box that went away
@@ -52,18 +54,22 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    struct Announced {
+        Box box;
+        Place place; ///< where a failure about it is reported
+    };
     struct Open {
         QPointer<QDialog> dialog;
-        std::unique_ptr<Box> announced; ///< null when nobody announced it
+        std::unique_ptr<Announced> announced; ///< null when nobody announced it
         bool handled = false;
     };
 
     void answerTopmost();
     static void requireHandled(const Open& box);
-    static void compare(const QDialog& dialog, const Box& announced);
-    static void answer(QDialog& dialog, Box::Answer how);
+    static void compare(const QDialog& dialog, const Announced& announced);
+    static void answer(QDialog& dialog, const Announced& announced);
 
-    std::list<Box> announcements;
+    std::list<Announced> announcements;
     std::list<Open> open; ///< in the order of appearance
 };
 

@@ -65,15 +65,6 @@ void prepareProcess()
     QLocale::setDefault(QLocale::c());
 }
 
-QStringList lines(std::initializer_list<const char*> texts)
-{
-    QStringList list;
-    for (const char* const text : texts) {
-        list.append(QString::fromUtf8(text));
-    }
-    return list;
-}
-
 Operator::Operator() : sdk(recording::Sdk::instance()), startDirectory(QDir::currentPath())
 {
     sdk.reset();
@@ -90,8 +81,9 @@ Operator::~Operator()
     QDir::setCurrent(startDirectory);
 }
 
-void Operator::start()
+void Operator::start(const Place& place)
 {
+    const CalledFrom here(place);
     mainWindow = std::make_unique<MainWindow>();
     mainWindow->show();
     activate();
@@ -118,16 +110,18 @@ void Operator::endSession()
     mainWindow.reset();
 }
 
-void Operator::activate()
+void Operator::activate(const Place& place)
 {
+    const CalledFrom here(place);
     QApplication::setActiveWindow(&window());
     if (!QTest::qWaitForWindowActive(&window())) {
         fail(QStringLiteral("the window does not become active"));
     }
 }
 
-void Operator::connectCamera()
+void Operator::connectCamera(const Place& place)
 {
+    const CalledFrom here(place);
     if (ports.plugged().isEmpty()) {
         ports.plug(QStringLiteral("ttyUSB0"));
     }
@@ -174,8 +168,9 @@ QWidget* Operator::findWidget(const char* name, const char* type,
     return found.first();
 }
 
-QWidget& Operator::widget(const char* name)
+QWidget& Operator::widget(const char* name, const Place& place)
 {
+    const CalledFrom here(place);
     return find<QWidget>(name);
 }
 
@@ -221,8 +216,9 @@ void Operator::focus(QWidget& target)
     }
 }
 
-void Operator::click(const char* name)
+void Operator::click(const char* name, const Place& place)
 {
+    const CalledFrom here(place);
     QWidget& target = widget(name);
     if (!reach(target)) {
         return;
@@ -237,8 +233,9 @@ void Operator::click(const char* name)
     clickAt(target, position);
 }
 
-void Operator::showTab(const char* title)
+void Operator::showTab(const char* title, const Place& place)
 {
+    const CalledFrom here(place);
     auto& tabs = find<QTabWidget>("tabWidget");
     for (int index = 0; index < tabs.count(); ++index) {
         if (tabs.tabText(index) == QLatin1String(title)) {
@@ -256,8 +253,9 @@ void Operator::showTab(const char* title)
     fail(QStringLiteral("there is no tab %1").arg(QLatin1String(title)));
 }
 
-void Operator::type(const char* name, const char* text, Qt::Key finish)
+void Operator::type(const char* name, const char* text, Qt::Key finish, const Place& place)
 {
+    const CalledFrom here(place);
     auto& box = find<QAbstractSpinBox>(name);
     if (!reach(box)) {
         return;
@@ -275,8 +273,10 @@ void Operator::type(const char* name, const char* text, Qt::Key finish)
     }
 }
 
-void Operator::press(const char* name, Qt::Key key, Qt::KeyboardModifiers modifiers)
+void Operator::press(const char* name, Qt::Key key, Qt::KeyboardModifiers modifiers,
+                     const Place& place)
 {
+    const CalledFrom here(place);
     QWidget& target = widget(name);
     if (!target.hasFocus()) {
         focus(target);
@@ -284,8 +284,9 @@ void Operator::press(const char* name, Qt::Key key, Qt::KeyboardModifiers modifi
     QTest::keyClick(window().windowHandle(), key, modifiers);
 }
 
-void Operator::wheel(const char* name, int steps)
+void Operator::wheel(const char* name, int steps, const Place& place)
 {
+    const CalledFrom here(place);
     QWidget& target = widget(name);
     if (!reach(target)) {
         return;
@@ -298,8 +299,9 @@ void Operator::wheel(const char* name, int steps)
     QCoreApplication::sendEvent(window().windowHandle(), &event);
 }
 
-int Operator::drag(const char* name, int value)
+int Operator::drag(const char* name, int value, const Place& place)
 {
+    const CalledFrom here(place);
     auto& slider = find<QSlider>(name);
     if (!reach(slider)) {
         return slider.value();
@@ -320,15 +322,17 @@ void Operator::release()
     QTest::mouseRelease(window().windowHandle(), Qt::LeftButton, Qt::NoModifier, dragPosition);
 }
 
-int Operator::dragAndRelease(const char* name, int value)
+int Operator::dragAndRelease(const char* name, int value, const Place& place)
 {
+    const CalledFrom here(place);
     const int reached = drag(name, value);
     release();
     return reached;
 }
 
-void Operator::choose(const char* name, const char* entry)
+void Operator::choose(const char* name, const char* entry, const Place& place)
 {
+    const CalledFrom here(place);
     auto& combo = find<QComboBox>(name);
     const int index = combo.findText(QLatin1String(entry));
     if (index < 0) {
@@ -352,7 +356,7 @@ void Operator::choose(const char* name, const char* entry)
     }
 }
 
-QStringList Operator::log()
+Lines Operator::log()
 {
     QStringList all = find<QPlainTextEdit>("logView").toPlainText().split(QLatin1Char('\n'));
     // Each line brings its own line feed, so what follows the last one is no line yet.
@@ -362,9 +366,9 @@ QStringList Operator::log()
     return all;
 }
 
-QStringList Operator::newLog()
+Lines Operator::newLog()
 {
-    return log().mid(logMark);
+    return QStringList(log().mid(logMark));
 }
 
 void Operator::markLog()
@@ -372,8 +376,9 @@ void Operator::markLog()
     logMark = log().size();
 }
 
-QString Operator::text(const char* name)
+QString Operator::text(const char* name, const Place& place)
 {
+    const CalledFrom here(place);
     QWidget& shown = widget(name);
     if (const auto* const button = qobject_cast<QAbstractButton*>(&shown)) {
         return button->text();
@@ -394,8 +399,9 @@ QString Operator::text(const char* name)
     return {};
 }
 
-bool Operator::checked(const char* name)
+bool Operator::checked(const char* name, const Place& place)
 {
+    const CalledFrom here(place);
     const auto* const button = qobject_cast<QAbstractButton*>(&widget(name));
     if (button == nullptr) {
         fail(QStringLiteral("%1 is no button").arg(QLatin1String(name)));
@@ -403,22 +409,24 @@ bool Operator::checked(const char* name)
     return button != nullptr && button->isChecked();
 }
 
-bool Operator::enabled(const char* name)
+bool Operator::enabled(const char* name, const Place& place)
 {
+    const CalledFrom here(place);
     return widget(name).isEnabled();
 }
 
-int Operator::sliderValue(const char* name)
+int Operator::sliderValue(const char* name, const Place& place)
 {
+    const CalledFrom here(place);
     return find<QSlider>(name).value();
 }
 
-QStringList Operator::calls(recording::Show show)
+Lines Operator::calls(recording::Show show)
 {
     return toLines(sdk.calls(show));
 }
 
-QStringList Operator::journal()
+Lines Operator::journal()
 {
     QStringList texts;
     for (const recording::Entry& entry : sdk.entries()) {
@@ -439,9 +447,9 @@ void Operator::rest()
     forget();
 }
 
-void Operator::expectBox(Box box)
+void Operator::expectBox(Box box, const Place& place)
 {
-    boxes.expect(std::move(box));
+    boxes.expect(std::move(box), place);
 }
 
 int Operator::boxesAwaited() const
@@ -449,9 +457,9 @@ int Operator::boxesAwaited() const
     return boxes.awaited();
 }
 
-void Operator::expectWarning(const QString& message)
+void Operator::expectWarning(const QString& message, const Place& place)
 {
-    warnings.expect(message);
+    warnings.expect(message, place);
 }
 
 QString Operator::directory() const

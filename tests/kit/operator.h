@@ -35,12 +35,14 @@
 // window(), start() or connectCamera().
 //
 // Warnings of Qt fail the test unless expectWarning() announced them, and announced ones must come.
-// A helper that cannot do what it is asked (absent, hidden or disabled widget) fails the test and
-// goes on, so a test reports the first thing that went wrong.
+// A helper that cannot do what it is asked (absent, hidden or disabled widget) fails the test at
+// the line that called it and goes on, so a test reports the first thing that went wrong.
 #pragma once
 
 #include "app/mainwindow.h"
 #include "tests/kit/boxes.h"
+#include "tests/kit/failure.h"
+#include "tests/kit/lines.h"
 #include "tests/kit/ports.h"
 #include "tests/kit/recording_sdk.h"
 #include "tests/kit/warnings.h"
@@ -54,7 +56,6 @@
 #include <QtWidgets/QWidget>
 
 #include <functional>
-#include <initializer_list>
 #include <memory>
 #include <vector>
 
@@ -80,18 +81,18 @@ public:
     // ---- the window
 
     /// Builds and shows the window; window() does so when it was not done yet.
-    void start();
+    void start(const Place& place = Place::current());
     MainWindow& window();
     /// Closes the window and destroys it, as the end of the program does.
     void close();
     /// Destroys the window while it is still shown, as when the desktop's session ends.
     void endSession();
     /// Makes the window the active one, which it no longer is after a box was closed.
-    void activate();
+    void activate(const Place& place = Place::current());
 
     /// Plugs a port when there is none, presses "Scan Devices" and "Connect" and requires that the
     /// window shows the connected state; then empties the journal and marks the log.
-    void connectCamera();
+    void connectCamera(const Place& place = Place::current());
     /// Lets the monitoring timer tick every 10 ms instead of once a second, from now on and until
     /// it is started again.
     void hurry();
@@ -101,53 +102,55 @@ public:
     QTimer& timer();
 
     /// The widget with this object name; fails the test when there is none of this type.
-    template<typename Widget> Widget& find(const char* name);
+    template<typename Widget> Widget& find(const char* name, const Place& place = Place::current());
     /// Any widget by its object name.
-    QWidget& widget(const char* name);
+    QWidget& widget(const char* name, const Place& place = Place::current());
 
     // ---- input: real events, sent to the window and not to the widget
 
     /// Clicks the middle of a widget (the mark of a check box), after bringing its tab to the
     /// front.
-    void click(const char* name);
+    void click(const char* name, const Place& place = Place::current());
     /// Selects what a spin box holds, types the text and finishes with the key; Key_unknown: not.
     /// Enter in a spin box whose handler opens a box finishes the edit twice, Tab once.
-    void type(const char* name, const char* text, Qt::Key finish = Qt::Key_Tab);
+    void type(const char* name, const char* text, Qt::Key finish = Qt::Key_Tab,
+              const Place& place = Place::current());
     /// Presses a key while the widget has the focus.
-    void press(const char* name, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void press(const char* name, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
+               const Place& place = Place::current());
     /// Turns the mouse wheel over a widget; positive steps turn away from the operator.
-    void wheel(const char* name, int steps);
+    void wheel(const char* name, int steps, const Place& place = Place::current());
     /// Drags a slider's handle to the place of value, without letting go; returns the value
     /// reached, which differs where a pixel is wider than a step.
-    int drag(const char* name, int value);
+    int drag(const char* name, int value, const Place& place = Place::current());
     /// Lets the mouse button go where the drag ended.
     void release();
     /// drag and release.
-    int dragAndRelease(const char* name, int value);
+    int dragAndRelease(const char* name, int value, const Place& place = Place::current());
     /// Opens a combo box, walks to the entry and takes it; one index change at most.
-    void choose(const char* name, const char* entry);
+    void choose(const char* name, const char* entry, const Place& place = Place::current());
     /// Brings the tab with this title to the front by a click on it.
-    void showTab(const char* title);
+    void showTab(const char* title, const Place& place = Place::current());
 
     // ---- what the operator sees
 
     /// The lines of the log pane, without the empty one after the last line feed.
-    QStringList log();
+    Lines log();
     /// The lines since the last markLog(), or all.
-    QStringList newLog();
+    Lines newLog();
     void markLog();
     /// Caption of a button, text of a label, spin box, combo box or text pane.
-    QString text(const char* name);
-    bool checked(const char* name);
-    bool enabled(const char* name);
-    int sliderValue(const char* name);
+    QString text(const char* name, const Place& place = Place::current());
+    bool checked(const char* name, const Place& place = Place::current());
+    bool enabled(const char* name, const Place& place = Place::current());
+    int sliderValue(const char* name, const Place& place = Place::current());
 
     // ---- what the SDK saw
 
     /// The calls since the last clearJournal(), without getters unless asked for.
-    QStringList calls(recording::Show show = recording::Show::Commands);
+    Lines calls(recording::Show show = recording::Show::Commands);
     /// All calls and log records since then, in order: "camera.setGamma(144179)", "log 2: text".
-    QStringList journal();
+    Lines journal();
     /// Empties the journal and marks the log.
     void forget();
     /// Takes the focus off every editor, then forget(). A spin box that loses the focus finishes an
@@ -156,10 +159,10 @@ public:
 
     // ---- boxes and warnings
 
-    void expectBox(Box box);
+    void expectBox(Box box, const Place& place = Place::current());
     /// How many announced boxes have not come yet.
     [[nodiscard]] int boxesAwaited() const;
-    void expectWarning(const QString& message);
+    void expectWarning(const QString& message, const Place& place = Place::current());
 
     // ---- the process
 
@@ -183,11 +186,9 @@ private:
     QPoint dragPosition;
 };
 
-/// Expected calls or log lines, to be compared with calls() or newLog().
-QStringList lines(std::initializer_list<const char*> texts);
-
-template<typename Widget> Widget& Operator::find(const char* name)
+template<typename Widget> Widget& Operator::find(const char* name, const Place& place)
 {
+    const CalledFrom here(place);
     QWidget* const found =
         findWidget(name, Widget::staticMetaObject.className(),
                    [](QWidget& widget) { return qobject_cast<Widget*>(&widget) != nullptr; });

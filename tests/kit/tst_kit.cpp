@@ -47,6 +47,7 @@ private Q_SLOTS:
     void unannouncedWarning()
     {
         kit::Operator user;
+        user.text("AboutButton");
         qWarning("thin ice");
     }
     void awaitedWarningStaysAway()
@@ -75,6 +76,11 @@ private Q_SLOTS:
         user.sdk.answer("camera.connect", 0);
         user.connectCamera();
     }
+    void otherLines()
+    {
+        QCOMPARE(kit::lines({"a", "b", "c", "d", "e"}), kit::lines({"a", "b", "c", "x", "e", "f"}));
+    }
+    void fewerLines() { QCOMPARE(kit::lines({"a"}), QStringList()); }
 };
 
 class TestKit : public QObject {
@@ -205,31 +211,93 @@ private Q_SLOTS:
 
     void whatGoesWrongFailsTheTest()
     {
-        QProcess process;
-        process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--failing")});
-        QVERIFY(process.waitForFinished());
         QStringList failures;
-        const QString output =
-            QString::fromUtf8(process.readAllStandardOutput()).remove(QLatin1Char('\r'));
         auto matches = QRegularExpression(QStringLiteral("FAIL!  : FailingSessions::(.*)"))
-                           .globalMatch(output);
+                           .globalMatch(outputOfTheFailingSessions());
         while (matches.hasNext()) {
             failures.append(matches.next().captured(1));
         }
-        QCOMPARE(failures,
-                 kit::lines({
-                     "unannouncedBox() an unexpected box came: \"\" / \"No COM port found!",
-                     "awaitedBoxStaysAway() a box did not come: \"Hello\" / \"World\"",
-                     "boxIsGoneAtOnce() a box was gone before it could be answered: \"Hello\"",
-                     "otherText() the box \"\" / \"No COM port found!",
-                     "otherKind() the box \"\" / \"No COM port found!",
-                     "unannouncedWarning() unexpected warning: thin ice",
-                     "awaitedWarningStaysAway() a warning did not come: thin ice",
-                     "absentWidget() 0 widgets are called warpDriveButton",
-                     "widgetOfAnotherType() gammaEdit is no QSlider",
-                     "disabledWidget() connectDeviceButton cannot be used: visible 1, enabled 0",
-                     "noConnection() no connection came about; the log says:",
-                 }));
+        QCOMPARE(
+            kit::Lines(failures),
+            kit::lines({
+                "unannouncedBox() an unexpected box came: \"\" / \"No COM port found!",
+                "awaitedBoxStaysAway() a box did not come: \"Hello\" / \"World\"",
+                "boxIsGoneAtOnce() a box was gone before it could be answered: \"Hello\"",
+                "otherText() the box \"\" / \"No COM port found!",
+                "otherKind() the box \"\" / \"No COM port found!",
+                "unannouncedWarning() unexpected warning: thin ice",
+                "awaitedWarningStaysAway() a warning did not come: thin ice",
+                "absentWidget() 0 widgets are called warpDriveButton",
+                "widgetOfAnotherType() gammaEdit is no QSlider",
+                "disabledWidget() connectDeviceButton cannot be used: visible 1, enabled 0",
+                "noConnection() no connection came about; the log says:",
+                "otherLines() kit::lines({\"a\", \"b\", \"c\", \"d\", \"e\"}) is not "
+                "kit::lines({\"a\", \"b\", \"c\", \"x\", \"e\", \"f\"}): they differ at line 4",
+                "fewerLines() kit::lines({\"a\"}) is not QStringList(): they differ at line 1",
+            }));
+    }
+
+    void aFailureNamesTheLineOfItsTest()
+    {
+        QFile source(QFINDTESTDATA("tst_kit.cpp"));
+        QVERIFY(source.open(QIODevice::ReadOnly | QIODevice::Text));
+        const QStringList text = QString::fromUtf8(source.readAll()).split(QLatin1Char('\n'));
+        const auto lineOf = [&](const char* function, const char* call) {
+            int line = static_cast<int>(text.indexOf(QRegularExpression(
+                QStringLiteral(" +void %1\\(\\).*").arg(QLatin1String(function)))));
+            while (!text.at(line).contains(QLatin1String(call))) {
+                ++line;
+            }
+            return QStringLiteral("tst_kit.cpp(%1)").arg(line + 1);
+        };
+        QStringList expected;
+        for (const auto& [function, call] : {
+                 std::pair{"unannouncedBox", "user.click"},
+                 {"awaitedBoxStaysAway", "user.expectBox"},
+                 {"boxIsGoneAtOnce", "user.expectBox"},
+                 {"otherText", "user.expectBox"},
+                 {"otherKind", "user.expectBox"},
+                 {"unannouncedWarning", "user.text"},
+                 {"awaitedWarningStaysAway", "user.expectWarning"},
+                 {"absentWidget", "user.click"},
+                 {"widgetOfAnotherType", "user.find"},
+                 {"disabledWidget", "user.click"},
+                 {"noConnection", "user.connectCamera"},
+                 {"otherLines", "QCOMPARE"},
+                 {"fewerLines", "QCOMPARE"},
+             }) {
+            expected << lineOf(function, call);
+        }
+        QStringList places;
+        auto matches = QRegularExpression(QStringLiteral(R"(Loc: \[.*\b(tst_kit\.cpp\(\d+\)))"))
+                           .globalMatch(outputOfTheFailingSessions());
+        while (matches.hasNext()) {
+            places.append(matches.next().captured(1));
+        }
+        QCOMPARE(kit::Lines(places), kit::Lines(expected));
+    }
+
+    void sequencesThatDifferShowTheFirstDifferenceWithItsNeighbours()
+    {
+        QCOMPARE(kit::difference(kit::lines({"a", "b", "c", "d", "e", "f"}),
+                                 kit::lines({"a", "b", "c", "x"})),
+                 QStringLiteral("they differ at line 4\n"
+                                "  actual, 6 lines:\n"
+                                "      2  b\n"
+                                "      3  c\n"
+                                "    > 4  d\n"
+                                "      5  e\n"
+                                "      6  f\n"
+                                "  expected, 4 lines:\n"
+                                "      2  b\n"
+                                "      3  c\n"
+                                "    > 4  x"));
+        QCOMPARE(kit::difference(kit::lines({"a"}), {}), QStringLiteral("they differ at line 1\n"
+                                                                        "  actual, 1 lines:\n"
+                                                                        "    > 1  a\n"
+                                                                        "  expected, 0 lines:\n"
+                                                                        "    > (ends here)"));
+        QCOMPARE(kit::difference(kit::lines({"a"}), kit::lines({"a"})), QString());
     }
 
     void anAnnouncedWarningIsTakenAndNoOther()
@@ -240,6 +308,16 @@ private Q_SLOTS:
     }
 
 private:
+    static QString outputOfTheFailingSessions()
+    {
+        QProcess process;
+        process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--failing")});
+        if (!process.waitForFinished()) {
+            return {};
+        }
+        return QString::fromUtf8(process.readAllStandardOutput()).remove(QLatin1Char('\r'));
+    }
+
     static QStringList listed()
     {
         QStringList names;

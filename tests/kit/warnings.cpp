@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/kit/warnings.h"
 
-#include "tests/kit/failure.h"
-
 #include <algorithm>
 #include <array>
 
@@ -41,18 +39,18 @@ Warnings::~Warnings()
     qInstallMessageHandler(previous);
 }
 
-void Warnings::expect(const QString& message)
+void Warnings::expect(const QString& message, const Place& place)
 {
-    awaited.append(message);
+    awaited.push_back({message, place});
 }
 
 void Warnings::settle()
 {
-    for (const QString& message : qAsConst(unannounced)) {
-        fail(QStringLiteral("unexpected warning: ") + message);
+    for (const Message& message : unannounced) {
+        fail(QStringLiteral("unexpected warning: ") + message.text, message.place);
     }
-    for (const QString& message : qAsConst(awaited)) {
-        fail(QStringLiteral("a warning did not come: ") + message);
+    for (const Message& message : awaited) {
+        fail(QStringLiteral("a warning did not come: ") + message.text, message.place);
     }
     unannounced.clear();
     awaited.clear();
@@ -67,10 +65,15 @@ void Warnings::receive(QtMsgType type, const QMessageLogContext& context, const 
         }
         return;
     }
-    if (current->awaited.removeOne(message) || isPlatformRemark(message)) {
-        return;
+    auto& awaited = current->awaited;
+    const auto announced =
+        std::find_if(awaited.begin(), awaited.end(),
+                     [&](const Message& expected) { return expected.text == message; });
+    if (announced != awaited.end()) {
+        awaited.erase(announced);
+    } else if (!isPlatformRemark(message)) {
+        current->unannounced.push_back({message, calledFrom()});
     }
-    current->unannounced.append(message);
 }
 
 } // namespace kit

@@ -151,7 +151,7 @@ void TestAboutDialog::layoutsNestAsTheTableSays()
 {
     const Dialog dialog(nullptr);
     const auto* place = dialog.findChild<QWidget*>(QLatin1String(formTable().root));
-    QCOMPARE(outlineOf(*place->layout()), formTable().lines());
+    QCOMPARE(kit::Lines(outlineOf(*place->layout())), formTable().lines());
 }
 
 void TestAboutDialog::captionsAreTranslatedButNameAndVersionAreNot()
