@@ -234,6 +234,19 @@ MUTATIONS = [
     ),
     *_room(
         "params",
+        ("A value is sent when its field loses the focus, whoever takes it", "values.cpp",
+         "    constexpr double fixedPointOne = 65536.0;\n",
+         "    if (!ui->gammaEdit->hasFocus()) {\n        return;\n    }\n"
+         "    constexpr double fixedPointOne = 65536.0;\n",
+         "tst_edits closingTheWindowInTheMiddleOfAnEditSendsTheValue"),
+        ("A read sends the edge type back before gain and threshold are shown", "read.cpp",
+         "    ui->EdgeCorrectionCB->setCurrentIndex(edge.type);\n"
+         "    ui->sharpeningGainSlider->setValue(tenfold(edge.gain));\n"
+         "    ui->SharpeningTHSlider->setValue(tenfold(edge.firstThreshold));\n",
+         "    ui->sharpeningGainSlider->setValue(tenfold(edge.gain));\n"
+         "    ui->SharpeningTHSlider->setValue(tenfold(edge.firstThreshold));\n"
+         "    ui->EdgeCorrectionCB->setCurrentIndex(edge.type);\n",
+         "tst_edits aFirstConnectionSendsTheEdgeTypeWithGainAndThresholdOfAnEmptyScreen"),
         ("A refused switch keeps mark and caption at odds", "toggles.cpp",
          "    if (result != 0) {\n        alignCaption(*button, toggle.captions);\n    }\n",
          "    alignCaption(*button, toggle.captions);\n",
