@@ -84,7 +84,7 @@ QStringList IniFile::problems()
     unknown.sort();
     for (const QString& key : unknown) {
         addProblem(key.section(QLatin1Char('/'), 0, 0), key.section(QLatin1Char('/'), 1),
-                   QStringLiteral("nothing is called so"));
+                   QStringLiteral("unknown key"));
     }
     values.clear();
     return found;

@@ -20,11 +20,11 @@ QString reasonOfSilence(const Device* device, std::uint32_t baudRate)
         return QStringLiteral("the camera hangs");
     }
     if (device->baudRate() != baudRate) {
-        return QStringLiteral("the camera talks at %1 baud, the link at %2")
+        return QStringLiteral("baud rate mismatch: camera %1, link %2")
             .arg(device->baudRate())
             .arg(baudRate);
     }
-    return QStringLiteral("the plan does not let the camera answer");
+    return QStringLiteral("no answer, by the plan");
 }
 
 } // namespace

@@ -158,7 +158,7 @@ const Operation& operationNamed(std::string_view name)
         std::find_if(std::begin(operations), std::end(operations),
                      [&](const Operation& operation) { return operation.name == name; });
     if (found == std::end(operations)) {
-        std::fprintf(stderr, "recording SDK: no operation is called \"%s\"\n",
+        std::fprintf(stderr, "recording SDK: unknown operation \"%s\"\n",
                      std::string(name).c_str());
         std::abort();
     }

@@ -423,13 +423,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("plan");
         QTest::addColumn<QString>("message");
-        QTest::newRow("no such operation")
-            << QByteArray("[setGama]\ncalls=always")
-            << QStringLiteral("[setGama] calls: nothing is called so");
-        QTest::newRow("no such pattern") << QByteArray("[put*]\ncalls=always")
-                                         << QStringLiteral("[put*] calls: nothing is called so");
-        QTest::newRow("no such key") << QByteArray("[setGsk]\ncall=1")
-                                     << QStringLiteral("[setGsk] call: nothing is called so");
+        QTest::newRow("no such operation") << QByteArray("[setGama]\ncalls=always")
+                                           << QStringLiteral("[setGama] calls: unknown key");
+        QTest::newRow("no such pattern")
+            << QByteArray("[put*]\ncalls=always") << QStringLiteral("[put*] calls: unknown key");
+        QTest::newRow("no such key")
+            << QByteArray("[setGsk]\ncall=1") << QStringLiteral("[setGsk] call: unknown key");
         QTest::newRow("calls") << QByteArray("[setGsk]\ncalls=often")
                                << QStringLiteral(
                                       "[setGsk] calls: \"often\" is neither always nor a list "

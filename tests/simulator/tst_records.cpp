@@ -128,7 +128,7 @@ private Q_SLOTS:
     {
         Scene scene;
         scene.write(QStringLiteral("simulator.ini"), "[simulator]\nlog=other.log\nspeed=1\n");
-        const QString told = QStringLiteral("problem  %1: [simulator] speed: nothing is called so")
+        const QString told = QStringLiteral("problem  %1: [simulator] speed: unknown key")
                                  .arg(scene.path(QStringLiteral("simulator.ini")));
         QCOMPARE(withoutTime(run().standardError), QStringList(told));
         QVERIFY(QString::fromUtf8(scene.read(QStringLiteral("other.log"))).contains(told));
@@ -285,10 +285,9 @@ private Q_SLOTS:
         QCOMPARE(scene.newLog().filter(QStringLiteral("openCamera")),
                  QStringList(
                      {QStringLiteral("notice   openCamera ttyUSB1: no camera is plugged in there"),
-                      QStringLiteral("notice   openCamera ttyUSB0: the camera talks at 115200 "
-                                     "baud, the link at 9600"),
-                      QStringLiteral(
-                          "notice   openCamera ttyUSB0: the plan does not let the camera answer"),
+                      QStringLiteral("notice   openCamera ttyUSB0: baud rate mismatch: camera "
+                                     "115200, link 9600"),
+                      QStringLiteral("notice   openCamera ttyUSB0: no answer, by the plan"),
                       QStringLiteral("notice   openCamera ttyUSB0: the camera hangs")}));
     }
 

@@ -171,7 +171,7 @@ private Q_SLOTS:
         const QStringList log = scene.newProblems();
         QCOMPARE(log.size(), 1);
         QVERIFY2(log.at(0).endsWith(QStringLiteral("simulator.ini: ") + message +
-                                    QStringLiteral(": nothing is called so")),
+                                    QStringLiteral(": unknown key")),
                  qPrintable(log.at(0)));
     }
 
