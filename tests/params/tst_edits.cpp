@@ -2,6 +2,8 @@
 // What the user guide has to tell of edits and reads, because nobody would expect it.
 #include "tests/kit/operator.h"
 
+#include <QtCore/QTimer>
+#include <QtGui/QWindow>
 #include <QtWidgets/QSlider>
 
 class TestEdits : public QObject {
@@ -30,6 +32,30 @@ private Q_SLOTS:
         other.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&other));
         QCOMPARE(user.calls(), kit::lines({"camera.setGamma(85196)"}));
+    }
+
+    void theClickThatMakesARegionsNoteAppearIsLost()
+    {
+        kit::Operator user;
+        user.sdk.camera.regions.fill({10, 400, 10, 400});
+        user.connectCamera();
+        user.rest();
+        user.type("Roi0IncX1", "500", Qt::Key_unknown);
+        user.expectBox({.title = "ROI", .text = "ROI 0 X1 must be lower than ROI X2"});
+        QWindow* const window = user.window().windowHandle();
+        const QWidget& button = user.widget("polarityButton");
+        const QPoint place = button.mapTo(&user.window(), button.rect().center());
+        // The hand lets go while the box is open.
+        QTimer::singleShot(0, &user.window(), [&] {
+            QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, place);
+        });
+        QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, place);
+        QVERIFY(user.calls().contains(QStringLiteral("camera.setRoiX1(500, 0, true, true, true)")));
+        QCOMPARE(user.calls().filter(QStringLiteral("setPolarity")), QStringList());
+        // Once more, and it is a click like any other.
+        user.activate();
+        user.click("polarityButton");
+        QVERIFY(user.calls().contains(QStringLiteral("camera.setPolarity(true)")));
     }
 
     void aClickIntoASlidersGrooveShowsAValueAndSendsNothing()
