@@ -212,7 +212,7 @@ bool isComparedElsewhere(const char* property)
         "objectName", "geometry", "x", "y", "pos", "size", "rect", "width", "height", "frameSize",
         "frameGeometry", "normalGeometry", "childrenRect", "childrenRegion", "frameRect",
         "sizeHint", "minimumSizeHint", "visible", "font", "palette", "locale", "layoutDirection",
-        "windowIcon", "icon",
+        "windowIcon", "icon", "accessibleName",
         // Of a tab widget: its pages are sections of their own.
         "count", "currentIndex"};
     return std::any_of(std::begin(names), std::end(names),

@@ -7,13 +7,16 @@
 #include "translations.h"
 #include "ui_mainwindow.h"
 
+#include <QAccessible>
 #include <QHash>
+#include <QMap>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -114,6 +117,7 @@ private Q_SLOTS:
     void everyTextGoesThroughTranslation_data();
     void everyTextGoesThroughTranslation();
     void translatingAgainRestoresTheBaudRateAndTheLogoWithoutTip();
+    void everyFieldIsNamedForAScreenReader();
 
     void fieldsTakeWhatIsInRange_data();
     void fieldsTakeWhatIsInRange();
@@ -403,6 +407,40 @@ void TestMainWindowForm::translatingAgainRestoresTheBaudRateAndTheLogoWithoutTip
     form.ui.retranslateUi(&form.window);
     QCOMPARE(form.ui.BaudRateCB->currentText(), QStringLiteral("115200"));
     QCOMPARE(form.ui.KVLogo->toolTip(), QString());
+}
+
+void TestMainWindowForm::everyFieldIsNamedForAScreenReader()
+{
+    // The reader says what kind of field it is, so a slider and its box may share a name.
+    QMap<QString, QString> fieldByName;
+    int fields = 0;
+    for (const QWidget* field : untouched->window.findChildren<QWidget*>()) {
+        QString kind;
+        for (const QMetaObject* type :
+             {&QSlider::staticMetaObject, &QAbstractSpinBox::staticMetaObject,
+              &QComboBox::staticMetaObject, &QPlainTextEdit::staticMetaObject}) {
+            if (type->cast(field)) {
+                kind = QLatin1String(type->className());
+            }
+        }
+        if (kind.isEmpty()) {
+            continue;
+        }
+        ++fields;
+        const QString name = field->accessibleName();
+        QVERIFY2(!name.isEmpty(), qPrintable(field->objectName()));
+        QCOMPARE(translated->get(field->objectName()).accessibleName(),
+                 MarkingTranslator::marked(name));
+        const QString before = std::exchange(fieldByName[kind + name], field->objectName());
+        QVERIFY2(before.isEmpty(), qPrintable(before + QLatin1Char(' ') + field->objectName()));
+        const QAccessibleInterface* reader =
+            QAccessible::queryAccessibleInterface(const_cast<QWidget*>(field));
+        QVERIFY(reader);
+        if (kind != QLatin1String("QComboBox")) {
+            QCOMPARE(reader->text(QAccessible::Name), name);
+        }
+    }
+    QCOMPARE(fields, 11 + 34 + 9 + 4);
 }
 
 void TestMainWindowForm::fieldsTakeWhatIsInRange_data()
