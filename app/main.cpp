@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "app/commandline.h"
 #include "app/mainwindow.h"
 
 #include <QtCore/QLibraryInfo>
@@ -24,6 +25,9 @@ void announce(const char* what, const std::string& value)
 
 int main(int argc, char* argv[])
 {
+    if (const std::optional<int> status = tavrel::answerCommandLine(argc, argv)) {
+        return *status;
+    }
     std::cout << "Start QT ombrix command application" << std::endl;
     ombrix_sdk::OmbrixSdk::get_instance()->initialize();
 

@@ -49,12 +49,30 @@ void StartedProgram::answerWith(const char* script)
     environment.insert(QStringLiteral("TAVREL_RECORDING_SCRIPT"), file.fileName());
 }
 
-bool StartedProgram::start()
+bool StartedProgram::start(const QStringList& arguments)
 {
     process.setProcessEnvironment(environment);
-    process.start(program, QStringList());
+    process.start(program, arguments);
     return QTest::qWaitFor(
         [&] { return QDir(directory.path() + QStringLiteral("/bprBackup")).exists(); }, 20000);
+}
+
+bool StartedProgram::run(const QStringList& arguments)
+{
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("none of all"));
+    process.setProcessEnvironment(environment);
+    process.start(program, arguments);
+    return process.waitForFinished(20000) && process.exitStatus() == QProcess::NormalExit;
+}
+
+int StartedProgram::status() const
+{
+    return process.exitCode();
+}
+
+QString StartedProgram::errors()
+{
+    return QString::fromLocal8Bit(process.readAllStandardError());
 }
 
 QStringList StartedProgram::output()

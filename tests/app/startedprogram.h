@@ -25,7 +25,12 @@ public:
     void answerWith(const char* script);
 
     /// Starts the program and waits until the window has been constructed.
-    bool start();
+    bool start(const QStringList& arguments = {});
+    /// Starts the program without a display and waits for its end; whether it ended by itself.
+    bool run(const QStringList& arguments);
+    [[nodiscard]] int status() const;
+    /// Everything written to standard error so far.
+    QString errors();
     /// Everything written to standard output so far, in lines.
     QStringList output();
 
