@@ -3,6 +3,7 @@
 
 #include "app/platform.h"
 #include "ui/dialog.h"
+#include "ui/numberinput.h"
 #include "ui_mainwindow.h"
 
 #include <QtCore/QTimer>
@@ -25,6 +26,7 @@ MainWindow::MainWindow(QWidget* parent)
 
     timer = new QTimer(this);
     ui->setupUi(this);
+    tavrel::takeDotAsDecimalSign(*this);
 
     makeSliderConnections();
     // Between the two groups: the sliders already pass their values on, the edit boxes not yet.
