@@ -27,6 +27,7 @@ MainWindow::MainWindow(QWidget* parent)
     timer = new QTimer(this);
     ui->setupUi(this);
     tavrel::takeDotAsDecimalSign(*this);
+    QCoreApplication::instance()->installEventFilter(this);
 
     makeSliderConnections();
     // Between the two groups: the sliders already pass their values on, the edit boxes not yet.

@@ -118,6 +118,10 @@ public Q_SLOTS:
     void createAboutWindow();
     void changePermanentButtonText();
 
+protected:
+    /// Keeps the wheel from lists that it only passes.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     // app/
     void makeSliderConnections();

@@ -296,7 +296,9 @@ void Operator::wheel(const char* name, int steps, const Place& place)
     QWheelEvent event(position, window().mapToGlobal(position.toPoint()), QPoint(),
                       QPoint(0, steps * eighthsOfDegreePerStep), Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(window().windowHandle(), &event);
+    // As from the window system: only such an event can bring the focus along.
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    QCoreApplication::instance()->notify(window().windowHandle(), &event);
 }
 
 int Operator::drag(const char* name, int value, const Place& place)
