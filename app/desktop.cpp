@@ -1,9 +1,19 @@
 // SPDX-License-Identifier: MIT
-// What the desktop does around the form: the wheel of its mouse.
+// What the desktop does around the form: its colours, and the wheel of its mouse.
 #include "app/mainwindow.h"
+#include "ui/lightcolours.h"
 #include "ui/wheel.h"
 
 #include <QtCore/QEvent>
+
+bool MainWindow::event(QEvent* event)
+{
+    const bool handled = QMainWindow::event(event);
+    if (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::StyleChange) {
+        tavrel::keepColoursReadable(*this);
+    }
+    return handled;
+}
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 {

@@ -3,6 +3,7 @@
 
 #include "app/platform.h"
 #include "ui/dialog.h"
+#include "ui/lightcolours.h"
 #include "ui/numberinput.h"
 #include "ui_mainwindow.h"
 
@@ -25,6 +26,7 @@ MainWindow::MainWindow(QWidget* parent)
     ombrix_sdk::ISdkConfiguration* configuration = sdk->getConfiguration();
 
     timer = new QTimer(this);
+    tavrel::keepColoursReadable();
     ui->setupUi(this);
     tavrel::takeDotAsDecimalSign(*this);
     QCoreApplication::instance()->installEventFilter(this);

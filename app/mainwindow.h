@@ -119,6 +119,8 @@ public Q_SLOTS:
     void changePermanentButtonText();
 
 protected:
+    /// Looks after colours and sizes when the desktop hands out others.
+    bool event(QEvent* event) override;
     /// Keeps the wheel from lists that it only passes.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
