@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the desktop does around the form: its colours, and the wheel of its mouse.
+// What the desktop does around the form: its colours, its fonts, and the wheel of its mouse.
 #include "app/mainwindow.h"
+#include "ui/largefonts.h"
 #include "ui/lightcolours.h"
 #include "ui/wheel.h"
 
@@ -11,6 +12,9 @@ bool MainWindow::event(QEvent* event)
     const bool handled = QMainWindow::event(event);
     if (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::StyleChange) {
         tavrel::keepColoursReadable(*this);
+    }
+    if (event->type() == QEvent::FontChange && centralWidget() != nullptr) {
+        tavrel::makeRoomForFonts(*ui);
     }
     return handled;
 }

@@ -3,6 +3,7 @@
 
 #include "app/platform.h"
 #include "ui/dialog.h"
+#include "ui/largefonts.h"
 #include "ui/lightcolours.h"
 #include "ui/numberinput.h"
 #include "ui_mainwindow.h"
@@ -26,8 +27,13 @@ MainWindow::MainWindow(QWidget* parent)
     ombrix_sdk::ISdkConfiguration* configuration = sdk->getConfiguration();
 
     timer = new QTimer(this);
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    // Icons take all the pixels that a fine screen has.
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
     tavrel::keepColoursReadable();
     ui->setupUi(this);
+    tavrel::makeRoomForFonts(*ui);
     tavrel::takeDotAsDecimalSign(*this);
     QCoreApplication::instance()->installEventFilter(this);
 
