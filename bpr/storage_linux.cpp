@@ -231,16 +231,15 @@ void Successor::inherit(QFile& predecessor)
 {
     constexpr mode_t everyBit = 07777;
     struct stat old {};
-    if (::fstat(predecessor.handle(), &old) != 0) {
-        return;
+    if (::fstat(predecessor.handle(), &old) == 0) {
+        // The owner first, because that takes bits from the mode. Who is not the superuser can give
+        // the group away at most.
+        if (::fchown(file.handle(), old.st_uid, old.st_gid) != 0) {
+            (void)!::fchown(file.handle(), static_cast<uid_t>(-1), old.st_gid);
+        }
+        ::fchmod(file.handle(), old.st_mode & everyBit);
+        copyAccessList(predecessor.handle(), file.handle());
     }
-    // The owner first: who is not the superuser can give at most the group away, and either takes
-    // bits from the mode.
-    if (::fchown(file.handle(), old.st_uid, old.st_gid) != 0) {
-        (void)!::fchown(file.handle(), static_cast<uid_t>(-1), old.st_gid);
-    }
-    ::fchmod(file.handle(), old.st_mode & everyBit);
-    copyAccessList(predecessor.handle(), file.handle());
 }
 
 Successor::Placed Successor::takePlace()

@@ -129,6 +129,9 @@ private Q_SLOTS:
         // middle and at the end.
         const QByteArray zeros(2500000, '\0');
         QTest::addRow("more than one piece") << zeros + "x" + zeros + "y" + zeros << map;
+        // 1 MiB is copied at once.
+        QTest::addRow("zeros that end with a piece")
+            << QByteArray(1048576, 'x') + QByteArray(1048576, '\0') << map;
         QTest::addRow("over a longer one of zeros") << zeros << QByteArray(6000000, 'x');
     }
 
@@ -224,6 +227,17 @@ private Q_SLOTS:
         QCOMPARE(
             tablefiles::entries(QStringLiteral(".")),
             (QStringList{QStringLiteral("copy"), QStringLiteral("map"), QStringLiteral("source")}));
+    }
+
+    void aNewFileThatCannotComeToItsPlaceIsRefused()
+    {
+        tablefiles::put(QStringLiteral("source"), "content");
+        {
+            const tablefiles::FailingRename failing;
+            QVERIFY(!bpr::copyFile(inDirectory("source"), inDirectory("new")));
+            QCOMPARE(failing.count(), 1);
+        }
+        QCOMPARE(tablefiles::entries(QStringLiteral(".")), QStringList(QStringLiteral("source")));
     }
 
     void aMapIsWrittenLineByLine()

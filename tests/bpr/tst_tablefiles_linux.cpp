@@ -15,8 +15,10 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <new>
 
 #include <fcntl.h>
+#include <grp.h>
 #include <linux/fs.h>
 #include <sys/ioctl.h>
 #include <sys/resource.h>
@@ -110,6 +112,26 @@ private:
     rlimit before{};
 };
 
+/// For its lifetime the superuser is an ordinary user who belongs to one more group.
+class OrdinaryUser {
+public:
+    explicit OrdinaryUser(gid_t group)
+    {
+        constexpr uid_t nobody = 65534;
+        if (::setgroups(1, &group) != 0 || ::setegid(nobody) != 0 || ::seteuid(nobody) != 0) {
+            qFatal("the superuser's rights cannot be given up");
+        }
+    }
+    ~OrdinaryUser()
+    {
+        if (::seteuid(0) != 0 || ::setegid(0) != 0 || ::setgroups(0, nullptr) != 0) {
+            qFatal("the superuser's rights cannot be had back");
+        }
+    }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+};
+
 /// Runs an action in a child process that gets this much memory more and no more.
 bool succeedsWithin(rlim_t memory, const std::function<bool()>& action)
 {
@@ -120,7 +142,11 @@ bool succeedsWithin(rlim_t memory, const std::function<bool()>& action)
         const rlim_t pages = sizes.readAll().split(' ').constFirst().toULong();
         const rlim_t most = pages * static_cast<rlim_t>(::sysconf(_SC_PAGESIZE)) + memory;
         const rlimit limit{most, most};
-        ::_exit(known && ::setrlimit(RLIMIT_AS, &limit) == 0 && action() ? 0 : 1);
+        try {
+            ::_exit(known && ::setrlimit(RLIMIT_AS, &limit) == 0 && action() ? 0 : 1);
+        } catch (const std::bad_alloc&) {
+            ::_exit(1);
+        }
     }
     int status = 0;
     return child > 0 && ::waitpid(child, &status, 0) == child && status == 0;
@@ -408,6 +434,23 @@ private Q_SLOTS:
         QCOMPARE(statusOf("copy").st_mode & 07777U, mode_t{06755});
     }
 
+    void aFileOfSomebodyElseKeepsItsGroup()
+    {
+        constexpr uid_t other = 65533;
+        constexpr gid_t shared = 65532;
+        tablefiles::put(QStringLiteral("source"), "new");
+        tablefiles::put(QStringLiteral("copy"), "old");
+        if (::chown("copy", other, shared) != 0) {
+            QSKIP("only the superuser can give files away");
+        }
+        QVERIFY(::chmod("copy", 0660) == 0 && ::chmod(".", 0777) == 0);
+        const OrdinaryUser user(shared);
+        QVERIFY(bpr::copyFile(inDirectory("source"), inDirectory("copy")));
+        QCOMPARE(tablefiles::content(QStringLiteral("copy")), QByteArray("new"));
+        QCOMPARE(statusOf("copy").st_gid, shared);
+        QCOMPARE(statusOf("copy").st_mode & 07777U, mode_t{0660});
+    }
+
     void aFileKeepsItsAccessList()
     {
         // Version 2; owner: read and write, user 65533: read, group: nothing, at most: read,
@@ -424,8 +467,10 @@ private Q_SLOTS:
         if (!setAccessList("copy", "system.posix_acl_access", list)) {
             QSKIP("this disk knows no access lists");
         }
-        // What the folder would give to a new file.
-        QVERIFY(setAccessList(".", "system.posix_acl_default", list));
+        // What the folder would give to a new file: the same with another user.
+        QByteArray others = list;
+        others.replace(QByteArray::fromHex("fdff"), QByteArray::fromHex("fcff"));
+        QVERIFY(setAccessList(".", "system.posix_acl_default", others));
         QVERIFY(bpr::copyFile(inDirectory("source"), inDirectory("copy")));
         QVERIFY(bpr::copyFile(inDirectory("source"), inDirectory("plain")));
         QCOMPARE(accessListOf("copy"), list);

@@ -8,6 +8,7 @@
 
 #include <csignal>
 #include <memory>
+#include <utility>
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -22,10 +23,12 @@ namespace {
 
 /// What happens to the program when it has written everything and waits for the disk.
 int signalBeforeTheEnd = 0;
+/// A file that is gone when the program locks the next one.
+const char* goneBeforeLocked = nullptr;
 
 } // namespace
 
-// The program's own fdatasync comes before the system's, for the libraries as well.
+// The program's own fdatasync and flock come before the system's, for the libraries as well.
 extern "C" [[gnu::visibility("default")]] int fdatasync(int file)
 {
     using Sync = int (*)(int);
@@ -34,6 +37,16 @@ extern "C" [[gnu::visibility("default")]] int fdatasync(int file)
         (void)std::raise(signalBeforeTheEnd);
     }
     return systemSync(file);
+}
+
+extern "C" [[gnu::visibility("default")]] int flock(int file, int operation) noexcept
+{
+    using Lock = int (*)(int, int);
+    static const auto systemLock = reinterpret_cast<Lock>(::dlsym(RTLD_NEXT, "flock"));
+    if (goneBeforeLocked != nullptr) {
+        ::unlink(std::exchange(goneBeforeLocked, nullptr));
+    }
+    return systemLock(file, operation);
 }
 
 namespace {
@@ -171,6 +184,26 @@ private Q_SLOTS:
         QVERIFY(first.finish());
         QCOMPARE(tablefiles::content(QStringLiteral("copy")), QByteArray("new"));
         QCOMPARE(now(), alone);
+    }
+
+    void aFileThatAnotherProgramClearedAwayTooEarlyIsMadeAgain()
+    {
+        goneBeforeLocked = ".tavrel-unfinished-map-0";
+        QVERIFY(bpr::copyFile(path("source"), path("copy")));
+        QVERIFY(goneBeforeLocked == nullptr);
+        QCOMPARE(tablefiles::content(QStringLiteral("copy")), QByteArray("new"));
+        QCOMPARE(now(), alone);
+    }
+
+    void withoutAFreeNameTheOldFileStays()
+    {
+        for (int number = 0; number < 1000; ++number) {
+            const std::string name = ".tavrel-unfinished-map-" + std::to_string(number);
+            QVERIFY(::symlink("source", name.c_str()) == 0);
+        }
+        QVERIFY(!bpr::copyFile(path("source"), path("copy")));
+        QCOMPARE(tablefiles::content(QStringLiteral("copy")), QByteArray("old"));
+        QCOMPARE(now().size(), alone.size() + 1000);
     }
 
     void filesOfTheOperatorStay()

@@ -124,6 +124,21 @@ private Q_SLOTS:
         QVERIFY(now.mid(1000) == old.mid(1000));
     }
 
+    void aFullDiskLeavesAShorterWorkingCopyInAClosedFolderAsItWas()
+    {
+        kit::Operator user;
+        user.connectCamera();
+        tablefiles::put(tablefiles::working(), "short");
+        tablefiles::put(tablefiles::backup(), mapOf({9, 11}));
+        const ClosedFolder working(QStringLiteral("bpr"));
+        {
+            const tablefiles::FullDisk full(1000);
+            user.click("readBPRTableButton");
+            user.click("resetBPRTableButton");
+        }
+        QCOMPARE(tablefiles::content(tablefiles::working()), QByteArray("short"));
+    }
+
     void aBackupThatBreaksOffDoesNotTouchAWorkingCopyInAClosedFolder()
     {
         kit::Operator user;
