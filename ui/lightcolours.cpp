@@ -58,6 +58,12 @@ bool isStyleByPalette()
     return QApplication::style()->objectName() == styleByPalette();
 }
 
+/// A style with dark colours of its own paints dark, whatever palette it is given.
+bool paintsReadably()
+{
+    return isStyleByPalette() || canBeRead(QApplication::style()->standardPalette());
+}
+
 } // namespace
 
 bool canBeRead(const QPalette& palette)
@@ -104,7 +110,7 @@ QPalette lightPalette()
 
 void keepColoursReadable()
 {
-    if (canBeRead(QApplication::palette())) {
+    if (canBeRead(QApplication::palette()) && paintsReadably()) {
         return;
     }
     // The style first: it may hand out colours of its own, and replace whatever it is given.

@@ -17,8 +17,8 @@ bool canBeRead(const QPalette& palette);
 /// Dark texts on light grounds, in every role and group.
 QPalette lightPalette();
 
-/// Leaves colours that can be read as they are. Otherwise gives the application the light ones, and
-/// the style that paints by the palette alone: a dark style would go on painting dark.
+/// Leaves colours and style that can be read as they are. Otherwise gives the application the light
+/// colours, and the style that paints by the palette alone: a dark one would go on painting dark.
 void keepColoursReadable();
 
 /// The same for colours or a style that have just changed under a window.

@@ -53,8 +53,12 @@ bool StartedProgram::start(const QStringList& arguments)
 {
     process.setProcessEnvironment(environment);
     process.start(program, arguments);
+    const auto isConstructed = [this] {
+        return QDir(directory.path() + QStringLiteral("/bprBackup")).exists();
+    };
     return QTest::qWaitFor(
-        [&] { return QDir(directory.path() + QStringLiteral("/bprBackup")).exists(); }, 20000);
+               [&] { return isConstructed() || process.state() == QProcess::NotRunning; }, 20000) &&
+           isConstructed();
 }
 
 bool StartedProgram::run(const QStringList& arguments)

@@ -215,13 +215,19 @@ QPalette darkPalette()
     return all(QColor(252, 252, 252), QColor(42, 46, 50));
 }
 
-/// A style that takes no notice of palettes, as several dark ones are: it hands out its own and
-/// paints all grounds dark.
+/// A style that takes no notice of palettes, as several dark ones are: it paints all grounds dark.
 class DarkStyle : public QProxyStyle {
 public:
-    DarkStyle() : QProxyStyle(QStringLiteral("windows")) {}
+    /// handsOut: it replaces the application's palette, too.
+    explicit DarkStyle(bool handsOut) : QProxyStyle(QStringLiteral("windows")), replaces(handsOut)
+    {}
     using QProxyStyle::polish;
-    void polish(QPalette& palette) override { palette = darkPalette(); }
+    void polish(QPalette& palette) override
+    {
+        if (replaces) {
+            palette = darkPalette();
+        }
+    }
     [[nodiscard]] QPalette standardPalette() const override { return darkPalette(); }
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override
@@ -232,16 +238,29 @@ public:
         }
         QProxyStyle::drawControl(element, option, painter, widget);
     }
+
+private:
+    bool replaces;
 };
 
+constexpr char darkStyle[] = "dark";
+constexpr char paintingStyle[] = "paints dark only";
+
+QStyle* styleCalled(const char* name)
+{
+    if (name == darkStyle || name == paintingStyle) {
+        return new DarkStyle(name == darkStyle);
+    }
+    return QStyleFactory::create(QLatin1String(name));
+}
+
 struct Desktop {
-    const char* style; ///< null: the one that takes no notice
+    const char* style;
     QPalette palette;
 
     void apply() const
     {
-        QApplication::setStyle(style == nullptr ? new DarkStyle
-                                                : QStyleFactory::create(QLatin1String(style)));
+        QApplication::setStyle(styleCalled(style));
         QApplication::setPalette(palette);
         QToolTip::setPalette(palette);
     }
@@ -252,7 +271,9 @@ void hostileDesktops()
     QTest::addColumn<Desktop>("desktop");
     QTest::newRow("dark") << Desktop{"fusion", darkPalette()};
     QTest::newRow("dark, another style") << Desktop{"windows", darkPalette()};
-    QTest::newRow("dark style") << Desktop{nullptr, darkPalette()};
+    QTest::newRow("dark style") << Desktop{darkStyle, darkPalette()};
+    QTest::newRow("dark style, light colours")
+        << Desktop{paintingStyle, all(Qt::black, QColor(239, 239, 239))};
     QTest::newRow("black") << Desktop{"fusion", all(Qt::white, Qt::black)};
     QTest::newRow("white on white") << Desktop{"fusion", all(Qt::white, Qt::white)};
     QTest::newRow("black on black") << Desktop{"fusion", all(Qt::black, Qt::black)};
