@@ -14,8 +14,19 @@ namespace tavrel {
 
 namespace {
 
-/// A greyed text may be fainter, but must not vanish.
-constexpr double visibleContrast = 1.4;
+/// What a text needs at least. Many a light desktop has fainter ones in a window behind another
+/// one, and still fainter ones where they are disabled.
+double neededContrast(QPalette::ColorGroup group)
+{
+    switch (group) {
+    case QPalette::Disabled:
+        return 1.4;
+    case QPalette::Inactive:
+        return 2.5;
+    default:
+        return readableContrast;
+    }
+}
 
 /// Luminance of a colour as seen, 0 for black to 1 for white.
 double luminance(const QColor& colour)
@@ -69,7 +80,7 @@ bool paintsReadably()
 bool canBeRead(const QPalette& palette)
 {
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        const double least = group == QPalette::Disabled ? visibleContrast : readableContrast;
+        const double least = neededContrast(group);
         const auto reads = [&](QPalette::ColorRole text, const QColor& ground) {
             return contrast(palette.color(group, text), ground) >= least;
         };

@@ -382,6 +382,11 @@ private Q_SLOTS:
         marked.setColor(QPalette::Highlight, QColor(61, 174, 233));
         marked.setColor(QPalette::Disabled, QPalette::WindowText, QColor(190, 190, 190));
         QTest::newRow("pale marks") << Desktop{"fusion", marked};
+        QPalette backdrop = ordinary().palette;
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+            backdrop.setColor(QPalette::Inactive, role, QColor(146, 149, 149));
+        }
+        QTest::newRow("pale in the background") << Desktop{"fusion", backdrop};
     }
 
     void aLightDesktopIsLeftAlone()

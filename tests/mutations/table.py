@@ -155,6 +155,8 @@ MUTATIONS = [
          "for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})",
          "for (const auto group : {QPalette::Active, QPalette::Disabled})",
          "tst_colours everyTextCanBeReadOnAHostileDesktop"),
+        ("A light desktop may have fainter texts in the background", "lightcolours.cpp",
+         "return 2.5;", "return readableContrast;", "tst_colours aLightDesktopIsLeftAlone"),
         ("The marks of a light desktop are left alone", "lightcolours.cpp",
          "if (!reads(QPalette::WindowText, Qt::white) ||",
          "if (!readsOn(QPalette::HighlightedText, QPalette::Highlight) ||\n"
