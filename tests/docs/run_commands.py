@@ -31,6 +31,8 @@ RULES = [
     # These install packages that the tests do without.
     (r"(packaging/linux/build|packaging/linux/test|bench/run|tests/coverage/run)$", " --help"),
     (r"tests/mutations/run$", " --check"),
+    # A short run is a test of its own.
+    (r"tests/kills/run$", " --help"),
     (r"\./test$", None),
 ]
 
