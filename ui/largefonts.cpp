@@ -11,12 +11,14 @@ void makeRoomForFonts(const Ui_MainWindow& ui)
 {
     // The dots per inch for which the form was drawn.
     constexpr int drawnFor = 96;
-    const bool fine = ui.label_6->logicalDpiX() > drawnFor;
+    if (ui.label_6->logicalDpiX() <= drawnFor) {
+        return;
+    }
     const auto isCut = [](const QLabel* caption) {
         return caption->sizeHint().width() > caption->minimumWidth();
     };
     // The narrowest field limits the whole column; what is centred in it no longer does.
-    const bool centred = fine && (isCut(ui.label_6) || isCut(ui.label_12));
+    const bool centred = isCut(ui.label_6) || isCut(ui.label_12);
     QVBoxLayout& column = *ui.SystemInfos;
     for (int index = 0; index < column.count(); ++index) {
         if (QWidget* const widget = column.itemAt(index)->widget()) {
@@ -29,7 +31,7 @@ void makeRoomForFonts(const Ui_MainWindow& ui)
         static const double usual = QTextDocument().documentMargin();
         const int room =
             field->maximumHeight() - 2 * field->frameWidth() - field->fontMetrics().height();
-        field->document()->setDocumentMargin(fine ? std::clamp(room / 2.0, 0.0, usual) : usual);
+        field->document()->setDocumentMargin(std::clamp(room / 2.0, 0.0, usual));
     }
 }
 
