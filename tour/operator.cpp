@@ -9,7 +9,6 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QSlider>
-#include <QtWidgets/QTabWidget>
 #include <QtWidgets/QToolTip>
 
 #include <algorithm>
@@ -144,7 +143,7 @@ void Operator::showTab(const Text& title)
     tell(QStringLiteral("Open the tab ") + quoted(title));
     markAndPress(inGui([&] { return sight::tabPlace(title); }));
     expect(QStringLiteral("the tab %1 is in front").arg(title), [&] {
-        const auto& tabs = sight::find<QTabWidget>(QStringLiteral("tabWidget"));
+        const QTabWidget& tabs = sight::tabs();
         return tabs.tabText(tabs.currentIndex()) == title;
     });
 }

@@ -15,7 +15,6 @@
 #include <QtWidgets/QStyleOptionButton>
 #include <QtWidgets/QStyleOptionSlider>
 #include <QtWidgets/QTabBar>
-#include <QtWidgets/QTabWidget>
 
 namespace tour::sight {
 
@@ -58,6 +57,11 @@ QWidget& widget(const QString& name)
     return *found;
 }
 
+QTabWidget& tabs()
+{
+    return find<QTabWidget>(QStringLiteral("tabWidget"));
+}
+
 QPoint place(const QString& name)
 {
     const QWidget& target = widget(name);
@@ -76,10 +80,10 @@ QPoint place(const QString& name)
 
 QPoint tabPlace(const QString& title)
 {
-    const auto& tabs = find<QTabWidget>(QStringLiteral("tabWidget"));
-    for (int index = 0; index < tabs.count(); ++index) {
-        if (tabs.tabText(index) == title) {
-            return reachable(*tabs.tabBar(), tabs.tabBar()->tabRect(index).center());
+    const QTabWidget& all = tabs();
+    for (int index = 0; index < all.count(); ++index) {
+        if (all.tabText(index) == title) {
+            return reachable(*all.tabBar(), all.tabBar()->tabRect(index).center());
         }
     }
     throw Failure(QStringLiteral("there is no tab %1").arg(title));

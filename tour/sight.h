@@ -8,6 +8,7 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 #include <QtWidgets/QDialog>
+#include <QtWidgets/QTabWidget>
 #include <QtWidgets/QWidget>
 
 #include <stdexcept>
@@ -34,6 +35,8 @@ template<typename Widget> Widget& find(const QString& name)
     }
     return *found;
 }
+/// The tabs of the main window.
+QTabWidget& tabs();
 
 /// Where to click a widget, on the screen: its middle, or the mark of a check box. Fails when the
 /// widget cannot be used or something covers it.
