@@ -41,6 +41,9 @@ else()
         ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/tavrel/sdk)
 endif()
 
+# For developers and CI: a newer compiler's new warning is no reason to stop anybody else's build.
+option(TAVREL_WERROR "Take warnings for errors" OFF)
+
 set(TAVREL_SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
 # Warnings, strict Qt strings and sanitizers for a target of ours.
@@ -54,7 +57,10 @@ function(tavrel_target target)
         target_compile_options(${target} PRIVATE /W4 /utf-8)
     else()
         target_compile_options(${target} PRIVATE
-            -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Werror)
+            -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor)
+        if(TAVREL_WERROR)
+            target_compile_options(${target} PRIVATE -Werror)
+        endif()
     endif()
     if(TAVREL_SANITIZE)
         target_compile_options(${target} PRIVATE
