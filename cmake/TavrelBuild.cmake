@@ -68,6 +68,8 @@ function(tavrel_target target)
         target_link_options(${target} PRIVATE -fsanitize=${TAVREL_SANITIZE})
     endif()
     if(UNIX)
+        # Some libraries ask for it; headers that are compiled once want it everywhere.
+        target_compile_options(${target} PRIVATE -pthread)
         # RUNPATH, not RPATH: LD_LIBRARY_PATH must be able to put another SDK library in front.
         target_link_options(${target} PRIVATE -Wl,--enable-new-dtags)
     endif()

@@ -6,7 +6,7 @@ set(CPACK_GENERATOR ZIP)
 install(FILES $<TARGET_RUNTIME_DLLS:tavrel> DESTINATION ${TAVREL_PROGRAM_DIR})
 
 # What Qt loads by itself: the platform, the style, the pictures' formats.
-get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
+get_target_property(qmake Qt${TAVREL_QT}::qmake IMPORTED_LOCATION)
 cmake_path(GET qmake PARENT_PATH qt_programs)
 find_program(WINDEPLOYQT windeployqt HINTS ${qt_programs} REQUIRED)
 install(CODE "

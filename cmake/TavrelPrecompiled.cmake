@@ -4,17 +4,19 @@
 # (-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON).
 include_guard()
 
-# tavrel_precompile(NAME LIBRARY HEADER...): a set of headers, compiled as the library's users are.
-function(tavrel_precompile name library)
+# tavrel_precompile(NAME "LIBRARY..." "OPTION..." HEADER...): a set of headers, compiled as its users
+# are: those link at least these libraries, and have the same options of optimisation.
+function(tavrel_precompile name libraries options)
     set(source ${PROJECT_BINARY_DIR}/precompiled/${name}.cpp)
     file(CONFIGURE OUTPUT ${source} CONTENT "// Headers only.\n")
     add_library(${name} OBJECT EXCLUDE_FROM_ALL ${source})
     tavrel_target(${name})
-    target_link_libraries(${name} PRIVATE ${library})
+    target_compile_options(${name} PRIVATE ${options})
+    target_link_libraries(${name} PRIVATE ${libraries})
     target_precompile_headers(${name} PRIVATE ${ARGN})
 endfunction()
 
-# tavrel_use_precompiled(TARGET NAME): the target links at least the set's library.
+# tavrel_use_precompiled(TARGET NAME)
 function(tavrel_use_precompiled target name)
     if(MSVC)
         # Not tried there.
@@ -27,18 +29,17 @@ function(tavrel_use_precompiled target name)
     endif()
 endfunction()
 
-set(standard_headers
-    <algorithm> <array> <chrono> <cmath> <cstddef> <cstdint> <functional> <limits> <map> <memory>
-    <optional> <string> <utility> <vector>)
 set(core_headers
+    <algorithm> <array> <chrono> <cmath> <cstddef> <cstdint> <functional> <limits> <map> <memory>
+    <optional> <string> <utility> <vector>
     <QtCore/QByteArray> <QtCore/QDateTime> <QtCore/QDir> <QtCore/QFile> <QtCore/QFileInfo>
     <QtCore/QRegularExpression> <QtCore/QString> <QtCore/QStringList> <QtCore/QTimer>)
 set(widgets_headers
+    ${core_headers}
     <QtWidgets/QApplication> <QtWidgets/QCheckBox> <QtWidgets/QComboBox> <QtWidgets/QDoubleSpinBox>
     <QtWidgets/QFormLayout> <QtWidgets/QGridLayout> <QtWidgets/QLabel> <QtWidgets/QMainWindow>
     <QtWidgets/QMessageBox> <QtWidgets/QPlainTextEdit> <QtWidgets/QPushButton> <QtWidgets/QSlider>
     <QtWidgets/QSpinBox> <QtWidgets/QTabWidget>)
 
-tavrel_precompile(tavrel_core_headers Qt5::Core ${standard_headers} ${core_headers})
-tavrel_precompile(tavrel_widgets_headers Qt5::Widgets
-    ${standard_headers} ${core_headers} ${widgets_headers})
+tavrel_precompile(tavrel_core_headers Qt${TAVREL_QT}::Core "" ${core_headers})
+tavrel_precompile(tavrel_widgets_headers Qt${TAVREL_QT}::Widgets "" ${widgets_headers})

@@ -24,7 +24,9 @@ IniFile::IniFile(QString filePath) : path(std::move(filePath))
         return;
     }
     QSettings settings(path, QSettings::IniFormat);
-    settings.setIniCodec("UTF-8");
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    settings.setIniCodec("UTF-8"); // as later versions do by themselves
+#endif
     const QStringList keys = settings.allKeys();
     for (const QString& key : keys) {
         // A value with commas arrives as a list, any other as a list of one.

@@ -133,7 +133,7 @@ void Plan::read()
     // More letters that are given make a pattern more exact; a name without * beats them all.
     std::stable_sort(rules.begin(), rules.end(), [](const Rule& left, const Rule& right) {
         const auto exactness = [](const QString& pattern) {
-            const int stars = pattern.count(QLatin1Char('*'));
+            const auto stars = pattern.count(QLatin1Char('*'));
             return std::pair(stars == 0, pattern.size() - stars);
         };
         return exactness(left.pattern) > exactness(right.pattern);

@@ -107,7 +107,7 @@ void Operator::press(QPoint position)
 
 void Operator::mark(QPoint position)
 {
-    clicks.append({position, report.step().actions.size()});
+    clicks.append({position, static_cast<int>(report.step().actions.size())});
 }
 
 void Operator::markAndPress(QPoint position)
@@ -293,7 +293,7 @@ void Operator::collectLog()
         logSeen = 0; // cleared since
     }
     report.step().log.append(lines.mid(logSeen));
-    logSeen = lines.size();
+    logSeen = static_cast<int>(lines.size());
 }
 
 void Operator::expectLogLine(const QString& what, const std::function<bool(const QString&)>& isIt)

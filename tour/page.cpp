@@ -44,8 +44,8 @@ QString markedUp(const QString& line)
         return marked("frame", escaped);
     }
     const QString equals = QStringLiteral(" = ");
-    if (const int at = escaped.indexOf(equals); at >= 0) {
-        const int value = at + equals.size();
+    if (const auto at = escaped.indexOf(equals); at >= 0) {
+        const auto value = at + equals.size();
         return escaped.left(value) + marked("value", escaped.mid(value));
     }
     return escaped;
@@ -71,7 +71,7 @@ QString description(const Step& step, const Picture& picture)
 
 class Page {
 public:
-    explicit Page(const Report& itsReport) : report(itsReport) { out.setCodec("UTF-8"); }
+    explicit Page(const Report& itsReport) : report(itsReport) {}
 
     QString written()
     {

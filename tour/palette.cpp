@@ -71,7 +71,7 @@ QImage withPalette(const QImage& picture)
     for (const QRgb group : qAsConst(byFrequency)) {
         const QRgb colour = groups[group].average();
         if (palette.size() < paletteSize) {
-            indexes[group] = palette.size();
+            indexes[group] = static_cast<int>(palette.size());
             palette.append(colour);
             continue;
         }

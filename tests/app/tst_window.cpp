@@ -156,7 +156,7 @@ private Q_SLOTS:
         kit::Operator user;
         user.start();
         const QStringList calls = user.calls(recording::Show::Everything);
-        const int initialised = calls.indexOf(QStringLiteral("sdk.initialize()"));
+        const int initialised = static_cast<int>(calls.indexOf(QStringLiteral("sdk.initialize()")));
         QCOMPARE(initialised, 1);
         QCOMPARE(calls.first(), QStringLiteral("OmbrixSdk.get_instance()"));
         QVERIFY(calls.indexOf(QStringLiteral("sdk.getConfiguration()")) > initialised);

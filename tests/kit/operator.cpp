@@ -138,7 +138,7 @@ QTimer& Operator::timer()
 {
     const auto timers = window().findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
     if (timers.size() != 1) {
-        qFatal("the window has %d timers", timers.size());
+        qFatal("the window has %d timers", static_cast<int>(timers.size()));
     }
     return *timers.first();
 }
@@ -375,7 +375,7 @@ Lines Operator::newLog()
 
 void Operator::markLog()
 {
-    logMark = log().size();
+    logMark = static_cast<int>(log().size());
 }
 
 QString Operator::text(const char* name, const Place& place)

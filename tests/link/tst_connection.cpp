@@ -72,7 +72,7 @@ private Q_SLOTS:
         findPort(user);
         user.click("connectDeviceButton");
         const QStringList calls = user.calls(recording::Show::Everything);
-        const int asked = calls.indexOf(QStringLiteral("config.getCommunicationType()"));
+        const auto asked = calls.indexOf(QStringLiteral("config.getCommunicationType()"));
         QVERIFY(asked >= 0);
         QVERIFY(asked < calls.indexOf(QStringLiteral("sdk.createSerialLink()")));
     }

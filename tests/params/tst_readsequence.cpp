@@ -17,8 +17,8 @@ namespace {
 QStringList readSequence(kit::Operator& user)
 {
     const QStringList texts = user.journal();
-    const int start = texts.indexOf(QStringLiteral("log 2: Start reading camera parameters"));
-    const int end = texts.indexOf(QStringLiteral("log 2: End reading camera parameters"));
+    const auto start = texts.indexOf(QStringLiteral("log 2: Start reading camera parameters"));
+    const auto end = texts.indexOf(QStringLiteral("log 2: End reading camera parameters"));
     return start < 0 || end < start ? texts : QStringList(texts.mid(start, end - start + 1));
 }
 

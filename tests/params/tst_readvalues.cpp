@@ -185,7 +185,7 @@ private Q_SLOTS:
         read(user);
         QCOMPARE(user.find<QComboBox>(box).currentIndex(), index);
         QCOMPARE(user.calls(), nothing() << sent);
-        const int start = user.newLog().indexOf(logged.first());
+        const auto start = user.newLog().indexOf(logged.first());
         QCOMPARE(user.newLog().mid(start, 2), logged);
     }
 

@@ -371,7 +371,7 @@ QStringList with(const Refusal& refusal, QStringList sequence)
 QStringList withRefusedFrameRate(QStringList sequence)
 {
     sequence = with({"camera.setFrameRate", "Set FRAME RATE value KO"}, sequence);
-    const int inApply = sequence.lastIndexOf(QStringLiteral("camera.getFrameRate()"));
+    const auto inApply = sequence.lastIndexOf(QStringLiteral("camera.getFrameRate()"));
     sequence.insert(inApply + 1, QStringLiteral("camera.setFrameRate(50)"));
     sequence.insert(inApply + 2, QStringLiteral("log 2: Set FRAME RATE value KO"));
     sequence.replaceInStrings(QStringLiteral("camera.setTestPattern(true)"),

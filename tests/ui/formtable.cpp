@@ -229,6 +229,16 @@ const QVariant* find(const WidgetRow& row, const char* property)
     return nullptr;
 }
 
+/// Which parts of a font were set, as bits.
+uint setParts(const QFont& font)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    return font.resolve();
+#else
+    return font.resolveMask();
+#endif
+}
+
 /// A font that is not set is inherited, so what counts is which parts of it the form set.
 QString fontDifference(const QWidget& widget, const QVariant* expected)
 {
@@ -246,13 +256,13 @@ QString fontDifference(const QWidget& widget, const QVariant* expected)
     if (wanted.weight != Font::Weight::NotSet) {
         const bool bold = wanted.weight == Font::Weight::Bold;
         parts.setBold(bold);
-        if (font.bold() != bold || font.weight() != (bold ? 75 : 50)) {
+        if (font.bold() != bold || font.weight() != (bold ? QFont::Bold : QFont::Normal)) {
             return QStringLiteral("has the weight %1").arg(font.weight());
         }
     }
     // Of what a child inherits nothing is its own, hence the parts that both set.
-    const uint own = font.resolve() & ~widget.parentWidget()->font().resolve();
-    if ((own & ~parts.resolve()) != 0) {
+    const uint own = setParts(font) & ~setParts(widget.parentWidget()->font());
+    if ((own & ~setParts(parts)) != 0) {
         return QStringLiteral("sets more of the font than it should");
     }
     return {};
