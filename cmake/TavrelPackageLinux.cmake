@@ -43,7 +43,12 @@ set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The SVG pictures on the buttons are drawn by a plugin, which no library list names.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt5svg5)
+if(TAVREL_QT EQUAL 5)
+    set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt5svg5)
+else()
+    # Until Debian 12 the plugin came with its library.
+    set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-svg-plugins | libqt6svg6 (<< 6.6)")
+endif()
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "The camera of this package is simulated: one answers on every serial port, and
 nothing is sent to a real one. A real camera is reached through its maker's
