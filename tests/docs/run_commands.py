@@ -30,6 +30,7 @@ RULES = [
     (r"cmake --install build --prefix \S+$", ""),
     # These install packages that the tests do without.
     (r"(packaging/linux/build|packaging/linux/test|bench/run|tests/coverage/run)$", " --help"),
+    (r"scripts/bare \w+$", " --help"),
     (r"tests/mutations/run$", " --check"),
     # A short run is a test of its own.
     (r"tests/kills/run$", " --help"),
