@@ -87,7 +87,7 @@ void Report::addPicture(const QImage& image, const QString& caption, const QVect
         throw Failure(QStringLiteral("%1 cannot be written").arg(file));
     }
     const QStringList actions = step().actions.mid(step().picturedActions);
-    step().picturedActions += actions.size();
+    step().picturedActions += static_cast<int>(actions.size());
     step().pictures.push_back({file, caption, actions, image.size(), clicks});
 }
 
