@@ -4,15 +4,15 @@
 # (-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON).
 include_guard()
 
-# tavrel_precompile(NAME "LIBRARY..." "OPTION..." HEADER...): a set of headers, compiled as its users
-# are: those link at least these libraries, and have the same options of optimisation.
-function(tavrel_precompile name libraries options)
+# tavrel_precompile(NAME LIBRARY "OPTION..." HEADER...): a set of headers, compiled as its users are:
+# those link at least this library, and have the same options of optimisation.
+function(tavrel_precompile name library options)
     set(source ${PROJECT_BINARY_DIR}/precompiled/${name}.cpp)
     file(CONFIGURE OUTPUT ${source} CONTENT "// Headers only.\n")
     add_library(${name} OBJECT EXCLUDE_FROM_ALL ${source})
     tavrel_target(${name})
     target_compile_options(${name} PRIVATE ${options})
-    target_link_libraries(${name} PRIVATE ${libraries})
+    target_link_libraries(${name} PRIVATE ${library})
     target_precompile_headers(${name} PRIVATE ${ARGN})
 endfunction()
 

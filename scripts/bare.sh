@@ -43,6 +43,9 @@ make_root() {
     fi
     rm -rf --one-file-system "$root"
     cp -a "$bare" "$root"
+    # A file system of its own in name, as whoever mounts something inside expects.
+    mount --bind "$root" "$root"
+    mounted=("$root" "${mounted[@]}")
     mkdir -p "$folder/archives/partial"
     mount_there /proc -t proc proc
     mount_there /dev --rbind /dev
