@@ -177,7 +177,11 @@ void TestMainWindowForm::windowHasItsSizeColoursIconAndDocking()
             white.setBrush(group, role, brush);
         }
     }
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCOMPARE(form.window.palette().resolve(), white.resolve());
+#else
+    QCOMPARE(form.window.palette().resolveMask(), white.resolveMask());
+#endif
 
     const QImage camera = QIcon(QStringLiteral(":/picture/camera.ico")).pixmap(32, 32).toImage();
     QVERIFY(!camera.isNull());
