@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/ini.h"
 
-#include <QtCore/QFileInfo>
-#include <QtCore/QSettings>
+#include <QtCore/QFile>
 
 #include <utility>
 
@@ -16,24 +15,39 @@ QString fullKey(const QString& section, const QString& key)
 
 } // namespace
 
+// Read here and not by QSettings, which holds a file of the same length, written again within one
+// tick of the file system's clock, for the one that it read before.
 IniFile::IniFile(QString filePath) : path(std::move(filePath))
 {
-    const QFileInfo info(path);
-    if (!info.isFile() || !info.isReadable()) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
         found << QStringLiteral("%1: there is no such file, or it cannot be read").arg(path);
         return;
     }
-    QSettings settings(path, QSettings::IniFormat);
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-    settings.setIniCodec("UTF-8"); // as later versions do by themselves
-#endif
-    const QStringList keys = settings.allKeys();
-    for (const QString& key : keys) {
-        // A value with commas arrives as a list, any other as a list of one.
-        values.insert(key, settings.value(key).toStringList().join(QLatin1Char(',')));
+    const QByteArray content = file.readAll();
+    // With its length, or the text ends at the first zero byte.
+    const QStringList lines =
+        QString::fromUtf8(content.constData(), content.size()).split(QLatin1Char('\n'));
+    QString section;
+    for (int number = 1; number <= lines.size(); ++number) {
+        readLine(lines[number - 1].trimmed(), number, section);
     }
-    if (settings.status() != QSettings::NoError) {
-        found << QStringLiteral("%1: a line is neither [section] nor key=value").arg(path);
+}
+
+void IniFile::readLine(const QString& line, int number, QString& section)
+{
+    const auto equals = line.indexOf(QLatin1Char('='));
+    if (line.startsWith(QLatin1Char('[')) && line.endsWith(QLatin1Char(']'))) {
+        section = line.mid(1, line.size() - 2).trimmed();
+    } else if (line.isEmpty() || line.startsWith(QLatin1Char(';'))) {
+        return;
+    } else if (equals > 0) {
+        values.insert(fullKey(section, line.left(equals).trimmed()),
+                      line.mid(equals + 1).trimmed());
+    } else {
+        found << QStringLiteral("%1: line %2 is neither [section] nor key=value")
+                     .arg(path)
+                     .arg(number);
     }
 }
 

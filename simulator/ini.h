@@ -36,6 +36,9 @@ public:
     QStringList problems();
 
 private:
+    /// Takes in one line without the blanks around it; section is the one in which it stands.
+    void readLine(const QString& line, int number, QString& section);
+
     QString path;
     QHash<QString, QString> values; ///< by "section/key"; a value that was asked for is gone
     QStringList found;

@@ -6,7 +6,10 @@
 
 #include "simulator/control.h"
 
+#include <QtCore/QDateTime>
 #include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtTest/QTest>
 
 using ombrix_sdk::Flag;
@@ -262,6 +265,20 @@ private Q_SLOTS:
             QStringList(QStringLiteral(
                 "problem  environment: TAVREL_SIMULATOR_FACTORY_FRESH: \"perhaps\" is not true, "
                 "false or a whole number from 0 to 255; false is used")));
+    }
+
+    void aMemoryOfTheSameLengthAndTimeIsReadAgain()
+    {
+        Scene scene(withMemory);
+        QFile file(scene.path(cameraFile));
+        const QDateTime written = QFileInfo(file).lastModified();
+        scene.restart();
+        scene.write(cameraFile, scene.read(cameraFile).replace("startups=119", "startups=219"));
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.setFileTime(written, QFileDevice::FileModificationTime));
+        file.close();
+        scene.restart();
+        QCOMPARE(startups(scene.camera()), 220U);
     }
 
     // ---- damage

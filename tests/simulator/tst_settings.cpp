@@ -181,7 +181,7 @@ private Q_SLOTS:
         QCOMPARE(scene.camera().getGamma(), 144179U);
         QCOMPARE(
             scene.newProblems(),
-            QStringList(QStringLiteral("problem  %1: a line is neither [section] nor key=value")
+            QStringList(QStringLiteral("problem  %1: line 2 is neither [section] nor key=value")
                             .arg(scene.path(QStringLiteral("simulator.ini")))));
     }
 
