@@ -13,7 +13,6 @@
 namespace {
 
 constexpr char folderVariable[] = "TAVREL_TOUR";
-constexpr char ownScreenVariable[] = "TAVREL_TOUR_OWN_SCREEN";
 constexpr char paceVariable[] = "TAVREL_TOUR_PACE";
 
 constexpr void (*chapters[])(tour::Operator&) = {
@@ -30,7 +29,7 @@ void takeTheTour(const QString& folder)
 {
     try {
         tour::Report report(folder);
-        tour::Operator user(report, qEnvironmentVariableIsSet(ownScreenVariable),
+        tour::Operator user(report,
                             std::chrono::milliseconds(qEnvironmentVariableIntValue(paceVariable)));
         for (const auto chapter : chapters) {
             chapter(user);

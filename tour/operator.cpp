@@ -20,8 +20,6 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr std::uint32_t background = 0x6b7f8c;
-
 /// How often a condition is looked at.
 constexpr milliseconds glance{15};
 /// A picture is taken when the screen shows the same for so long.
@@ -34,13 +32,9 @@ QString quoted(const QString& text)
 
 } // namespace
 
-Operator::Operator(Report& itsReport, bool ownScreen, milliseconds itsPace)
+Operator::Operator(Report& itsReport, milliseconds itsPace)
     : report(itsReport), witness(inGui([] { return new Witness(qApp); })), pace(itsPace)
-{
-    if (ownScreen) {
-        xServer.paintBackground(background);
-    }
-}
+{}
 
 void Operator::step(const Text& title, const std::function<void()>& actions)
 {
@@ -79,7 +73,7 @@ void Operator::tidyUp()
     };
     constexpr int patience = 50;
     for (int attempt = 0; attempt < patience && inGui(somethingIsOpen); ++attempt) {
-        xServer.tapKey(Key::Escape);
+        hands.strike("Escape");
         std::this_thread::sleep_for(stillness);
     }
 }
@@ -88,10 +82,10 @@ void Operator::movePointer(QPoint position)
 {
     constexpr int steps = 25;
     for (int step = 1; step < steps && pace > milliseconds::zero(); ++step) {
-        xServer.movePointer(pointer + (position - pointer) * step / steps);
+        hands.movePointer(pointer + (position - pointer) * step / steps);
         std::this_thread::sleep_for(pace / steps);
     }
-    xServer.movePointer(position);
+    hands.movePointer(position);
     pointer = position;
 }
 
@@ -100,8 +94,8 @@ void Operator::press(QPoint position)
     pictureIsCurrent = false;
     const int before = inGui([&] { return witness->releases(); });
     movePointer(position);
-    xServer.pressButton();
-    xServer.releaseButton();
+    hands.pressButton();
+    hands.releaseButton();
     expect("the program receives the click", [&] { return witness->releases() > before; });
 }
 
@@ -127,7 +121,7 @@ void Operator::waitForWindow()
 
 void Operator::park()
 {
-    movePointer(QPoint(xServer.size().width() - 1, xServer.size().height() - 1));
+    movePointer(inGui(sight::screen).bottomRight());
 }
 
 void Operator::click(const Text& name)
@@ -157,13 +151,9 @@ void Operator::type(const Text& name, const Text& text)
         return sight::widget(name).hasFocus();
     };
     expect(name + QStringLiteral(" has the keyboard"), hasFocus);
-    xServer.pressKey(Key::Control);
-    xServer.tapCharacter('a');
-    xServer.releaseKey(Key::Control);
-    for (const char character : text.toStdString()) {
-        xServer.tapCharacter(character);
-    }
-    xServer.tapKey(Key::Tab);
+    hands.strike("ctrl+a");
+    hands.type(text);
+    hands.strike("Tab");
     expect(name + QStringLiteral(" lets go of the keyboard"),
            [&] { return !hasFocus() || sight::openDialog() != nullptr; });
 }
@@ -213,7 +203,7 @@ int Operator::drag(const Text& slider, int value)
     mark(to);
     pictureIsCurrent = false;
     movePointer(from);
-    xServer.pressButton();
+    hands.pressButton();
     movePointer((from + to) / 2);
     movePointer(to);
     const auto isDown = [&] {
@@ -223,7 +213,7 @@ int Operator::drag(const Text& slider, int value)
         const auto& dragged = sight::find<QSlider>(slider);
         return isDown() && sight::handlePlace(slider, dragged.value()) == to;
     });
-    xServer.releaseButton();
+    hands.releaseButton();
     expect(slider + QStringLiteral(" is released"), [&] { return !isDown(); });
     return inGui([&] { return sight::find<QSlider>(slider).value(); });
 }
@@ -240,17 +230,23 @@ void Operator::closeDialog()
 {
     tell(QStringLiteral("Close the dialog"));
     pictureIsCurrent = false;
-    xServer.requestClose(static_cast<std::uint32_t>(inGui([] {
+    expect(QStringLiteral("the dialog is active"), [] {
         const QDialog* const dialog = sight::openDialog();
-        return dialog == nullptr ? WId{0} : dialog->winId();
-    })));
+        return dialog != nullptr && dialog->isActiveWindow();
+    });
+    closeActiveWindow();
     expect(QStringLiteral("the dialog is closed"), [] { return sight::openDialog() == nullptr; });
 }
 
 void Operator::closeMainWindow()
 {
-    xServer.requestClose(
-        static_cast<std::uint32_t>(inGui([] { return sight::mainWindow()->winId(); })));
+    waitForWindow();
+    closeActiveWindow();
+}
+
+void Operator::closeActiveWindow()
+{
+    hands.strike("alt+F4");
 }
 
 void Operator::tell(const Text& action)
@@ -407,7 +403,7 @@ std::pair<QImage, QRect> Operator::stillScreen()
     QImage image;
     waitFor(QStringLiteral("the screen is still"), [&] {
         const QRect areaBefore = std::exchange(area, inGui(sight::shownArea));
-        const QImage before = std::exchange(image, xServer.picture(area));
+        const QImage before = std::exchange(image, inGui([&] { return sight::picture(area); }));
         std::this_thread::sleep_for(stillness);
         return areaBefore == area && before == image;
     });
@@ -422,7 +418,7 @@ void Operator::picture(const Text& caption, const Text& name)
         park();
     }
     const auto [image, area] = stillScreen();
-    const QPoint corner = area.intersected(QRect(QPoint(), xServer.size())).topLeft();
+    const QPoint corner = area.intersected(inGui(sight::screen)).topLeft();
     for (Click& click : clicks) {
         click.place -= corner;
     }

@@ -3,9 +3,9 @@
 // An expectation that does not come true in time throws Failure.
 #pragma once
 
+#include "tour/hands.h"
 #include "tour/report.h"
 #include "tour/witness.h"
-#include "tour/xserver.h"
 
 #include <QtCore/QPoint>
 #include <QtCore/QString>
@@ -28,9 +28,8 @@ public:
 
 class Operator {
 public:
-    /// ownScreen: nothing else is on the screen, so that it may be given a background.
     /// pace: the time that the pointer takes from place to place, for a person to follow.
-    Operator(Report& report, bool ownScreen, std::chrono::milliseconds pace);
+    Operator(Report& report, std::chrono::milliseconds pace);
 
     /// The steps that follow belong to this chapter.
     void chapter(const Text& title) { report.beginChapter(title); }
@@ -52,7 +51,7 @@ public:
     /// differs where a pixel is wider than a step.
     int drag(const Text& slider, int value);
     void pointAt(const Text& name);
-    /// Closes the dialog that is open by its window frame.
+    /// Has the window manager close the dialog that is open.
     void closeDialog();
     void closeMainWindow();
     /// Tells in the report what was done outside of the window.
@@ -86,6 +85,7 @@ public:
 
 private:
     void movePointer(QPoint position);
+    void closeActiveWindow();
     void press(QPoint position);
     /// The place will be marked in the next picture, as one of the latest action.
     void mark(QPoint position);
@@ -103,7 +103,7 @@ private:
     void tidyUp();
 
     Report& report;
-    XServer xServer;
+    Hands hands;
     const Witness* witness; ///< belongs to the GUI thread
     std::chrono::milliseconds pace;
     QPoint pointer;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tour/sight.h"
 
+#include <QtGui/QScreen>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QAbstractSpinBox>
@@ -172,6 +173,21 @@ QRect shownArea()
         }
     }
     return area;
+}
+
+QRect screen()
+{
+    return QGuiApplication::primaryScreen()->geometry();
+}
+
+QImage picture(QRect area)
+{
+    const QRect visible = area.intersected(screen());
+    constexpr WId wholeScreen = 0;
+    return QGuiApplication::primaryScreen()
+        ->grabWindow(wholeScreen, visible.x(), visible.y(), visible.width(), visible.height())
+        .toImage()
+        .convertToFormat(QImage::Format_RGB32);
 }
 
 } // namespace tour::sight

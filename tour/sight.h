@@ -7,6 +7,7 @@
 #include <QtCore/QRect>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
+#include <QtGui/QImage>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QWidget>
@@ -58,6 +59,9 @@ QStringList logLines();
 QDialog* openDialog();
 /// Everything that the program shows on the screen, frames included.
 QRect shownArea();
+QRect screen();
+/// What the screen shows there, whoever shows it; parts outside of the screen are left out.
+QImage picture(QRect area);
 
 } // namespace sight
 } // namespace tour
