@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "tour/sight.h"
 
+#include "tests/kit/widgets.h"
+
 #include <QtGui/QScreen>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QAbstractSpinBox>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QSlider>
-#include <QtWidgets/QStyle>
-#include <QtWidgets/QStyleOptionButton>
-#include <QtWidgets/QStyleOptionSlider>
 #include <QtWidgets/QTabBar>
 
 namespace tour::sight {
@@ -51,7 +47,7 @@ QWidget* mainWindow()
 QWidget& widget(const QString& name)
 {
     const QWidget* const window = mainWindow();
-    auto* const found = window == nullptr ? nullptr : window->findChild<QWidget*>(name);
+    auto* const found = window == nullptr ? nullptr : widgets::find<QWidget>(*window, name);
     if (found == nullptr) {
         throw Failure(name + QStringLiteral(" is not there"));
     }
@@ -66,44 +62,23 @@ QTabWidget& tabs()
 QPoint place(const QString& name)
 {
     const QWidget& target = widget(name);
-    QPoint position = target.rect().center();
-    if (const auto* const box = qobject_cast<const QCheckBox*>(&target)) {
-        QStyleOptionButton option;
-        option.initFrom(box);
-        position =
-            box->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, box).center();
-    } else if (qobject_cast<const QAbstractSpinBox*>(&target) != nullptr) {
-        // The middle of the text, away from the arrows.
-        position.setX(target.width() / 3);
-    }
-    return reachable(target, position);
+    return reachable(target, widgets::place(target));
 }
 
 QPoint tabPlace(const QString& title)
 {
     const QTabWidget& all = tabs();
-    for (int index = 0; index < all.count(); ++index) {
-        if (all.tabText(index) == title) {
-            return reachable(*all.tabBar(), all.tabBar()->tabRect(index).center());
-        }
+    const int index = widgets::tab(all, title);
+    if (index < 0) {
+        throw Failure(QStringLiteral("there is no tab %1").arg(title));
     }
-    throw Failure(QStringLiteral("there is no tab %1").arg(title));
+    return reachable(*all.tabBar(), all.tabBar()->tabRect(index).center());
 }
 
 QPoint handlePlace(const QString& slider, int value)
 {
-    struct Access : QSlider {
-        using QSlider::initStyleOption;
-    };
-    auto& target = find<QSlider>(slider);
-    QStyleOptionSlider option;
-    (target.*&Access::initStyleOption)(&option);
-    option.sliderPosition = value;
-    option.sliderValue = value;
-    return reachable(
-        target, target.style()
-                    ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, &target)
-                    .center());
+    const auto& target = find<QSlider>(slider);
+    return reachable(target, widgets::handle(target, value).center());
 }
 
 QPoint entryPlace(const QString& combo, const QString& entry)
@@ -123,23 +98,11 @@ QPoint entryPlace(const QString& combo, const QString& entry)
 
 QString text(const QString& name)
 {
-    const QWidget& shown = widget(name);
-    if (const auto* const button = qobject_cast<const QAbstractButton*>(&shown)) {
-        return button->text();
+    const auto shown = widgets::text(widget(name));
+    if (!shown) {
+        throw Failure(name + QStringLiteral(" shows no text"));
     }
-    if (const auto* const label = qobject_cast<const QLabel*>(&shown)) {
-        return label->text();
-    }
-    if (const auto* const box = qobject_cast<const QAbstractSpinBox*>(&shown)) {
-        return box->text();
-    }
-    if (const auto* const combo = qobject_cast<const QComboBox*>(&shown)) {
-        return combo->currentText();
-    }
-    if (const auto* const pane = qobject_cast<const QPlainTextEdit*>(&shown)) {
-        return pane->toPlainText();
-    }
-    throw Failure(name + QStringLiteral(" shows no text"));
+    return *shown;
 }
 
 QString callName(const QString& name)
@@ -152,10 +115,7 @@ QString callName(const QString& name)
 
 QStringList logLines()
 {
-    QStringList lines = text(QStringLiteral("logView")).split(QLatin1Char('\n'));
-    // Each line brings its own line feed, so what follows the last one is no line yet.
-    lines.removeLast();
-    return lines;
+    return widgets::lines(find<QPlainTextEdit>(QStringLiteral("logView")));
 }
 
 QDialog* openDialog()

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tests/kit/boxes.h"
 
+#include "tests/kit/widgets.h"
+
 #include <QtCore/QEvent>
 #include <QtGui/QWindow>
 #include <QtTest/QTest>
-#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
@@ -147,15 +148,13 @@ void Boxes::compare(const QDialog& dialog, const Announced& announced)
 void Boxes::answer(QDialog& dialog, const Announced& announced)
 {
     const Box::Answer how = announced.box.answer;
-    const auto buttons = dialog.findChildren<QAbstractButton*>();
+    const auto button = widgets::button(dialog);
     if (how == Box::Frame) {
         dialog.close();
-    } else if (how == Box::Escape || buttons.isEmpty()) {
+    } else if (how == Box::Escape || !button) {
         QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape);
     } else {
-        QAbstractButton* const button = buttons.first();
-        QTest::mouseClick(dialog.windowHandle(), Qt::LeftButton, Qt::NoModifier,
-                          button->mapTo(&dialog, button->rect().center()));
+        QTest::mouseClick(dialog.windowHandle(), Qt::LeftButton, Qt::NoModifier, *button);
     }
     if (dialog.isVisible()) {
         fail(QStringLiteral("the box %1 did not close").arg(describe(dialog)), announced.place);

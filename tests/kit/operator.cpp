@@ -2,21 +2,18 @@
 #include "tests/kit/operator.h"
 
 #include "tests/kit/failure.h"
+#include "tests/kit/wheel.h"
+#include "tests/kit/widgets.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QTimer>
-#include <QtGui/QWheelEvent>
 #include <QtGui/QWindow>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QAbstractSpinBox>
-#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QSlider>
-#include <QtWidgets/QStyle>
-#include <QtWidgets/QStyleOptionSlider>
 #include <QtWidgets/QTabBar>
 #include <QtWidgets/QTabWidget>
 
@@ -25,20 +22,6 @@
 namespace kit {
 
 namespace {
-
-/// Where the handle of a slider stands when the slider has this value.
-QRect handleAt(const QSlider& slider, int value)
-{
-    struct Access : QSlider {
-        using QSlider::initStyleOption;
-    };
-    QStyleOptionSlider option;
-    (slider.*&Access::initStyleOption)(&option);
-    option.sliderPosition = value;
-    option.sliderValue = value;
-    return slider.style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle,
-                                          &slider);
-}
 
 /// The calls' paths are the system's bytes.
 QStringList toLines(const std::vector<std::string>& texts)
@@ -136,11 +119,7 @@ void Operator::connectCamera(const Place& place)
 
 QTimer& Operator::timer()
 {
-    const auto timers = window().findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
-    if (timers.size() != 1) {
-        qFatal("the window has %d timers", static_cast<int>(timers.size()));
-    }
-    return *timers.first();
+    return widgets::timer(window());
 }
 
 void Operator::hurry()
@@ -223,34 +202,25 @@ void Operator::click(const char* name, const Place& place)
     if (!reach(target)) {
         return;
     }
-    QPoint position = target.rect().center();
-    if (const auto* const box = qobject_cast<QCheckBox*>(&target)) {
-        QStyleOptionButton option;
-        option.initFrom(box);
-        position =
-            box->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, box).center();
-    }
-    clickAt(target, position);
+    clickAt(target, widgets::place(target));
 }
 
 void Operator::showTab(const char* title, const Place& place)
 {
     const CalledFrom here(place);
     auto& tabs = find<QTabWidget>("tabWidget");
-    for (int index = 0; index < tabs.count(); ++index) {
-        if (tabs.tabText(index) == QLatin1String(title)) {
-            QTabBar* const bar = tabs.tabBar();
-            if (reach(*bar)) {
-                clickAt(*bar, bar->tabRect(index).center());
-            }
-            if (tabs.currentIndex() != index) {
-                fail(QStringLiteral("the tab %1 does not come to the front")
-                         .arg(QLatin1String(title)));
-            }
-            return;
-        }
+    const int index = widgets::tab(tabs, QLatin1String(title));
+    if (index < 0) {
+        fail(QStringLiteral("there is no tab %1").arg(QLatin1String(title)));
+        return;
     }
-    fail(QStringLiteral("there is no tab %1").arg(QLatin1String(title)));
+    QTabBar* const bar = tabs.tabBar();
+    if (reach(*bar)) {
+        clickAt(*bar, bar->tabRect(index).center());
+    }
+    if (tabs.currentIndex() != index) {
+        fail(QStringLiteral("the tab %1 does not come to the front").arg(QLatin1String(title)));
+    }
 }
 
 void Operator::type(const char* name, const char* text, Qt::Key finish, const Place& place)
@@ -261,7 +231,7 @@ void Operator::type(const char* name, const char* text, Qt::Key finish, const Pl
         return;
     }
     if (!box.hasFocus()) {
-        clickAt(box, QPoint(box.width() / 3, box.height() / 2));
+        clickAt(box, widgets::place(box));
     }
     QWindow* const target = window().windowHandle();
     QTest::keyClick(target, Qt::Key_A, Qt::ControlModifier);
@@ -291,14 +261,7 @@ void Operator::wheel(const char* name, int steps, const Place& place)
     if (!reach(target)) {
         return;
     }
-    constexpr int eighthsOfDegreePerStep = 120;
-    const QPointF position = target.mapTo(&window(), target.rect().center());
-    QWheelEvent event(position, window().mapToGlobal(position.toPoint()), QPoint(),
-                      QPoint(0, steps * eighthsOfDegreePerStep), Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    // As from the window system: only such an event can bring the focus along.
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    QCoreApplication::instance()->notify(window().windowHandle(), &event);
+    turnWheel(window(), target.mapTo(&window(), target.rect().center()), steps);
 }
 
 int Operator::drag(const char* name, int value, const Place& place)
@@ -308,8 +271,8 @@ int Operator::drag(const char* name, int value, const Place& place)
     if (!reach(slider)) {
         return slider.value();
     }
-    const QRect from = handleAt(slider, slider.sliderPosition());
-    const QPoint way = handleAt(slider, value).topLeft() - from.topLeft();
+    const QRect from = widgets::handle(slider, slider.sliderPosition());
+    const QPoint way = widgets::handle(slider, value).topLeft() - from.topLeft();
     const QPoint start = slider.mapTo(&window(), from.center());
     dragPosition = start + way;
     QWindow* const target = window().windowHandle();
@@ -360,12 +323,7 @@ void Operator::choose(const char* name, const char* entry, const Place& place)
 
 Lines Operator::log()
 {
-    QStringList all = find<QPlainTextEdit>("logView").toPlainText().split(QLatin1Char('\n'));
-    // Each line brings its own line feed, so what follows the last one is no line yet.
-    if (all.last().isEmpty()) {
-        all.removeLast();
-    }
-    return all;
+    return widgets::lines(find<QPlainTextEdit>("logView"));
 }
 
 Lines Operator::newLog()
@@ -381,24 +339,11 @@ void Operator::markLog()
 QString Operator::text(const char* name, const Place& place)
 {
     const CalledFrom here(place);
-    QWidget& shown = widget(name);
-    if (const auto* const button = qobject_cast<QAbstractButton*>(&shown)) {
-        return button->text();
+    const auto shown = widgets::text(widget(name));
+    if (!shown) {
+        fail(QStringLiteral("%1 shows no text").arg(QLatin1String(name)));
     }
-    if (const auto* const label = qobject_cast<QLabel*>(&shown)) {
-        return label->text();
-    }
-    if (const auto* const box = qobject_cast<QAbstractSpinBox*>(&shown)) {
-        return box->text();
-    }
-    if (const auto* const combo = qobject_cast<QComboBox*>(&shown)) {
-        return combo->currentText();
-    }
-    if (const auto* const pane = qobject_cast<QPlainTextEdit*>(&shown)) {
-        return pane->toPlainText();
-    }
-    fail(QStringLiteral("%1 shows no text").arg(QLatin1String(name)));
-    return {};
+    return shown.value_or(QString());
 }
 
 bool Operator::checked(const char* name, const Place& place)

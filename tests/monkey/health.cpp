@@ -2,6 +2,7 @@
 #include "tests/monkey/health.h"
 
 #include "app/mainwindow.h"
+#include "tests/kit/widgets.h"
 #include "tests/monkey/hostile_sdk.h"
 
 #include <QtCore/QRegularExpression>
@@ -94,9 +95,10 @@ template<typename Ranged> QString outside(const Ranged& control)
 Health::Health(MainWindow& watched) : window(watched)
 {
     hostile::takeLogged();
-    expectedLog =
-        window.findChild<QPlainTextEdit*>(QStringLiteral("logView"))->toPlainText().toStdString();
-    connect(window.findChild<QAbstractButton*>(QStringLiteral("clearLogButton")),
+    expectedLog = widgets::find<QPlainTextEdit>(window, QStringLiteral("logView"))
+                      ->toPlainText()
+                      .toStdString();
+    connect(widgets::find<QAbstractButton>(window, QStringLiteral("clearLogButton")),
             &QAbstractButton::clicked, this, [this] {
                 takeLines();
                 expectedLog.clear();
@@ -115,7 +117,7 @@ QString Health::finding()
 
 bool Health::connected() const
 {
-    return window.findChild<QWidget*>(QStringLiteral("disconnectDeviceButton"))->isEnabled();
+    return widgets::find<QWidget>(window, QStringLiteral("disconnectDeviceButton"))->isEnabled();
 }
 
 QString Health::connectionFinding()
@@ -123,7 +125,7 @@ QString Health::connectionFinding()
     std::array<bool, connectionWidgets.size()> enabled{};
     std::transform(connectionWidgets.begin(), connectionWidgets.end(), enabled.begin(),
                    [this](const char* name) {
-                       return window.findChild<QWidget*>(QLatin1String(name))->isEnabled();
+                       return widgets::find<QWidget>(window, QLatin1String(name))->isEnabled();
                    });
     const auto row =
         std::find_if(connectionRows.begin(), connectionRows.end(),
@@ -136,8 +138,7 @@ QString Health::connectionFinding()
         }
         return QStringLiteral("no state of the connection looks like this:") + shown;
     }
-    const auto* const timer = window.findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
-    if (timer->isActive() && !row->mayBeMonitored) {
+    if (widgets::timer(window).isActive() && !row->mayBeMonitored) {
         return QStringLiteral("the monitoring runs in the state \"%1\"")
             .arg(QLatin1String(row->name));
     }
@@ -177,7 +178,7 @@ QString Health::logFinding()
     if (!found.isEmpty()) {
         return found;
     }
-    const auto* const pane = window.findChild<QPlainTextEdit*>(QStringLiteral("logView"));
+    const auto* const pane = widgets::find<QPlainTextEdit>(window, QStringLiteral("logView"));
     // The document counts the end of its last paragraph as well.
     const auto length = static_cast<std::size_t>(pane->document()->characterCount()) - 1;
     if (length != expectedLog.size()) {

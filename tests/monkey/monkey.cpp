@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tests/monkey/monkey.h"
 
+#include "tests/kit/wheel.h"
+#include "tests/kit/widgets.h"
 #include "tests/monkey/hostile_sdk.h"
 
 #include <QtCore/QTimer>
-#include <QtGui/QWheelEvent>
 #include <QtGui/QWindow>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
@@ -170,13 +171,9 @@ void Monkey::turnTheWheel()
         return;
     }
     latest += QLatin1String(": ") + target->objectName();
-    constexpr int eighthsOfDegreePerStep = 120;
     const QPoint position = anyPointOf(*target);
-    QWheelEvent event(position, window->mapToGlobal(position), QPoint(),
-                      QPoint(0, draw.between(-5, 5) * eighthsOfDegreePerStep), Qt::NoButton,
-                      draw.oneIn(8) ? Qt::ControlModifier : Qt::NoModifier, Qt::NoScrollPhase,
-                      false);
-    QCoreApplication::sendEvent(&surface(), &event);
+    const int steps = draw.between(-5, 5);
+    kit::turnWheel(*window, position, steps, draw.oneIn(8) ? Qt::ControlModifier : Qt::NoModifier);
 }
 
 void Monkey::typeANumber()
@@ -238,7 +235,7 @@ void Monkey::openAList()
 
 void Monkey::changeTab()
 {
-    auto* const bar = window->findChild<QTabWidget*>(QStringLiteral("tabWidget"))->tabBar();
+    auto* const bar = widgets::find<QTabWidget>(*window, QStringLiteral("tabWidget"))->tabBar();
     if (bar->isEnabled() && bar->count() > 0) {
         const QPoint center = bar->tabRect(draw.between(0, bar->count() - 1)).center();
         click(bar->mapTo(window, center));
@@ -257,7 +254,7 @@ void Monkey::letASecondPass()
 void Monkey::pullTheAdapter()
 {
     const QString name =
-        window->findChild<QComboBox*>(QStringLiteral("selectDeviceComboBox"))->currentText();
+        widgets::find<QComboBox>(*window, QStringLiteral("selectDeviceComboBox"))->currentText();
     if (!timer().isActive() || !ports.plugged().contains(name)) {
         return;
     }
@@ -358,7 +355,7 @@ void Monkey::click(QPoint position, Qt::MouseButton button)
 
 bool Monkey::clickOn(const char* name)
 {
-    auto* const button = window->findChild<QAbstractButton*>(QLatin1String(name));
+    auto* const button = widgets::find<QAbstractButton>(*window, QLatin1String(name));
     if (!button->isEnabled() || button->visibleRegion().isEmpty()) {
         return false;
     }
@@ -388,7 +385,7 @@ bool Monkey::mayPress(const QWidget* widget)
 
 QTimer& Monkey::timer()
 {
-    return *window->findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
+    return widgets::timer(*window);
 }
 
 QWindow& Monkey::surface()
@@ -494,11 +491,10 @@ void Monkey::inspect(const QDialog& dialog)
 
 void Monkey::closeBox(QDialog& dialog)
 {
-    const auto buttons = dialog.findChildren<QAbstractButton*>();
-    switch (buttons.isEmpty() ? 1 + draw.below(2) : draw.below(3)) {
+    const auto button = widgets::button(dialog);
+    switch (button ? draw.below(3) : 1 + draw.below(2)) {
     case 0:
-        QTest::mouseClick(dialog.windowHandle(), Qt::LeftButton, Qt::NoModifier,
-                          buttons.first()->mapTo(&dialog, buttons.first()->rect().center()));
+        QTest::mouseClick(dialog.windowHandle(), Qt::LeftButton, Qt::NoModifier, *button);
         break;
     case 1:
         QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape);

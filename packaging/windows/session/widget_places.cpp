@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Prints where the widgets of the tool's window are: "PAGE NAME X Y" a line, the middle of the
-// widget in pixels from the window's upper left corner. PAGE is "-" for what always shows, else the
-// number of the tab's page; the tabs themselves are called "tab0", "tab1" and so on. The handle of
-// a slider at its minimum has a place of its own, called after the slider and ".minimum".
+// Prints where the widgets of the tool's window are: "PAGE NAME X Y" a line, where to click the
+// widget, in pixels from the window's upper left corner. PAGE is "-" for what always shows, else
+// the number of the tab's page; the tabs themselves are called "tab0", "tab1" and so on. The handle
+// of a slider at its minimum has a place of its own, called after the slider and ".minimum".
 //
 // The program that an operator runs has the same window in the same places, as long as both run
 // with the same fonts and the same size of screen.
 
 #include "app/mainwindow.h"
+#include "tests/kit/widgets.h"
 
 #include <QtCore/QTextStream>
 #include <QtTest/QTest>
@@ -31,11 +32,10 @@ void printShown(QTextStream& out, const QString& page, const QWidget& window, co
         // Names that begin with "qt_" belong to the toolkit's inner parts.
         const QString name = widget->objectName();
         if (widget->isVisible() && !name.isEmpty() && !name.startsWith(QLatin1String("qt_"))) {
-            print(out, page, name, widget->mapTo(&window, widget->rect().center()));
+            print(out, page, name, widget->mapTo(&window, widgets::place(*widget)));
             if (const auto* slider = qobject_cast<const QSlider*>(widget)) {
-                constexpr int halfAHandle = 5;
-                const QPoint left(halfAHandle, slider->rect().center().y());
-                print(out, page, name + QLatin1String(".minimum"), slider->mapTo(&window, left));
+                const QPoint handle = widgets::handle(*slider, slider->minimum()).center();
+                print(out, page, name + QLatin1String(".minimum"), slider->mapTo(&window, handle));
             }
         }
     }
@@ -54,7 +54,7 @@ int main(int argc, char* argv[])
     }
 
     QTextStream out(stdout);
-    auto& tabs = *window.findChild<QTabWidget*>(QStringLiteral("tabWidget"));
+    auto& tabs = *widgets::find<QTabWidget>(window, QStringLiteral("tabWidget"));
     for (int page = 0; page < tabs.count(); ++page) {
         tabs.setCurrentIndex(page);
         QApplication::processEvents();
