@@ -82,35 +82,35 @@ public:
         writeHeader();
         writeContents();
         out << "<main>\n";
-        QString chapter;
-        for (std::size_t index = 0; index < report.allSteps().size(); ++index) {
-            const Step& step = report.allSteps()[index];
-            if (chapter != step.chapter) {
-                chapter = step.chapter;
-                out << "<h2>" << chapter.toHtmlEscaped() << "</h2>\n";
-            }
-            writeStep(index + 1, step);
-        }
+        forEveryStep([this](std::size_t number, const Step& step) { writeStep(number, step); });
         out << "</main>\n<script>\n" << resource("page.js") << "</script>\n</body>\n</html>\n";
         out.flush();
         return text;
     }
 
 private:
-    void writeContents()
+    /// Calls write(number, step), each chapter below its heading.
+    template<typename Write> void forEveryStep(const Write& write)
     {
-        out << "<nav>\n<details open>\n<summary>All steps</summary>\n";
         QString chapter;
-        for (std::size_t index = 0; index < report.allSteps().size(); ++index) {
-            const Step& step = report.allSteps()[index];
+        std::size_t number = 0;
+        for (const Step& step : report.allSteps()) {
             if (chapter != step.chapter) {
                 chapter = step.chapter;
                 out << "<h2>" << chapter.toHtmlEscaped() << "</h2>\n";
             }
-            out << "<a href=\"#step-" << index + 1 << '"'
-                << (step.failure.isEmpty() ? "" : " class=\"failed\"") << "><span>" << index + 1
-                << "</span>" << step.title.toHtmlEscaped() << "</a>\n";
+            write(++number, step);
         }
+    }
+
+    void writeContents()
+    {
+        out << "<nav>\n<details open>\n<summary>All steps</summary>\n";
+        forEveryStep([this](std::size_t number, const Step& step) {
+            out << "<a href=\"#step-" << number << '"'
+                << (step.failure.isEmpty() ? "" : " class=\"failed\"") << "><span>" << number
+                << "</span>" << step.title.toHtmlEscaped() << "</a>\n";
+        });
         out << "</details>\n</nav>\n";
     }
 

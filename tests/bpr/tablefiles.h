@@ -6,12 +6,33 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QString>
+#include <QtCore/QTemporaryDir>
 
 #include <initializer_list>
 
 namespace tablefiles {
 
 inline constexpr int mapSize = 640 * 480;
+
+/// A new folder, which is the current one for as long as it lives.
+class WorkFolder {
+public:
+    WorkFolder()
+    {
+        if (!folder.isValid() || !QDir::setCurrent(folder.path())) {
+            qFatal("no temporary folder");
+        }
+    }
+    ~WorkFolder() { QDir::setCurrent(QDir::tempPath()); }
+    WorkFolder(const WorkFolder&) = delete;
+    WorkFolder& operator=(const WorkFolder&) = delete;
+
+    [[nodiscard]] QString path() const { return folder.path(); }
+    bool remove() { return folder.remove(); }
+
+private:
+    QTemporaryDir folder;
+};
 
 /// A map file with these pixels declared bad.
 inline QByteArray mapOf(std::initializer_list<int> badPixels)

@@ -6,7 +6,6 @@
 #include "tests/bpr/failingrename.h"
 #include "tests/bpr/tablefiles.h"
 
-#include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
 #include <opencv2/core.hpp>
@@ -50,13 +49,8 @@ class TestTableFiles : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        directory = std::make_unique<QTemporaryDir>();
-        QVERIFY(QDir::setCurrent(directory->path()));
-    }
-
-    void cleanup() { QVERIFY(QDir::setCurrent(QDir::tempPath())); }
+    void init() { workFolder = std::make_unique<tablefiles::WorkFolder>(); }
+    void cleanup() { workFolder.reset(); }
 
     void aFileIsNamedAfterTheCamera_data()
     {
@@ -272,7 +266,7 @@ private Q_SLOTS:
     }
 
 private:
-    std::unique_ptr<QTemporaryDir> directory;
+    std::unique_ptr<tablefiles::WorkFolder> workFolder;
 };
 
 QTEST_APPLESS_MAIN(TestTableFiles)

@@ -7,7 +7,6 @@
 #include "tests/bpr/tablefiles.h"
 
 #include <QtCore/QProcess>
-#include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
 #include <opencv2/core.hpp>
@@ -160,15 +159,14 @@ class TestTableFilesLinux : public QObject {
 private Q_SLOTS:
     void init()
     {
-        directory = std::make_unique<QTemporaryDir>();
-        QVERIFY(QDir::setCurrent(directory->path()));
+        workFolder = std::make_unique<tablefiles::WorkFolder>();
         ::alarm(100); // Who waits for the other end of a pipe ends.
     }
 
     void cleanup()
     {
         ::alarm(0);
-        QVERIFY(QDir::setCurrent(QDir::tempPath()));
+        workFolder.reset();
     }
 
     void noCharacterIsTrimmedAtTheRoot()
@@ -179,7 +177,7 @@ private Q_SLOTS:
 
     void aDeletedDirectoryIsTheEmptyText()
     {
-        QVERIFY(directory->remove());
+        QVERIFY(workFolder->remove());
         QCOMPARE(currentDirectory(), std::string());
         QCOMPARE(bpr::pathInFolder("bpr", "name"), std::string("/bpr/name"));
     }
@@ -478,7 +476,7 @@ private Q_SLOTS:
     }
 
 private:
-    std::unique_ptr<QTemporaryDir> directory;
+    std::unique_ptr<tablefiles::WorkFolder> workFolder;
 };
 
 QTEST_APPLESS_MAIN(TestTableFilesLinux)

@@ -5,7 +5,6 @@
 #include "bpr/files.h"
 #include "tests/bpr/tablefiles.h"
 
-#include <QtCore/QTemporaryDir>
 #include <QtCore/qt_windows.h>
 #include <QtTest/QTest>
 
@@ -44,13 +43,8 @@ class TestTableFilesWindows : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        directory = std::make_unique<QTemporaryDir>();
-        QVERIFY(QDir::setCurrent(directory->path()));
-    }
-
-    void cleanup() { QVERIFY(QDir::setCurrent(QDir::tempPath())); }
+    void init() { workFolder = std::make_unique<tablefiles::WorkFolder>(); }
+    void cleanup() { workFolder.reset(); }
 
     void aPathHasADriveAndBackslashesOnly()
     {
@@ -89,7 +83,7 @@ private Q_SLOTS:
     {
         QFETCH(int, length);
         QVERIFY(goDown(length));
-        QVERIFY(current().startsWith(QDir::toNativeSeparators(directory->path()).toLocal8Bit()));
+        QVERIFY(current().startsWith(QDir::toNativeSeparators(workFolder->path()).toLocal8Bit()));
         QVERIFY(current().endsWith("\\d") || current().endsWith("dd"));
     }
 
@@ -130,7 +124,7 @@ private Q_SLOTS:
     }
 
 private:
-    std::unique_ptr<QTemporaryDir> directory;
+    std::unique_ptr<tablefiles::WorkFolder> workFolder;
 };
 
 QTEST_APPLESS_MAIN(TestTableFilesWindows)

@@ -3,7 +3,6 @@
 #include "bpr/files.h"
 #include "tests/bpr/tablefiles.h"
 
-#include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
 #include <csignal>
@@ -108,14 +107,13 @@ class TestTableLeftovers : public QObject {
 private Q_SLOTS:
     void init()
     {
-        directory = std::make_unique<QTemporaryDir>();
-        QVERIFY(QDir::setCurrent(directory->path()));
+        workFolder = std::make_unique<tablefiles::WorkFolder>();
         tablefiles::put(QStringLiteral("source"), "new");
         tablefiles::put(QStringLiteral("copy"), "old");
         alone = now();
     }
 
-    void cleanup() { QVERIFY(QDir::setCurrent(QDir::tempPath())); }
+    void cleanup() { workFolder.reset(); }
 
     void theNextWriteInAFolderClearsItUp_data()
     {
@@ -247,7 +245,7 @@ private Q_SLOTS:
     }
 
 private:
-    std::unique_ptr<QTemporaryDir> directory;
+    std::unique_ptr<tablefiles::WorkFolder> workFolder;
     QStringList alone;
 };
 

@@ -377,7 +377,9 @@ Lines Operator::journal()
 {
     QStringList texts;
     for (const recording::Entry& entry : sdk.entries()) {
-        texts.append(QString::fromStdString(entry.text()));
+        if (entry.operation != "OmbrixSdk.get_instance") {
+            texts.append(QString::fromStdString(entry.text()));
+        }
     }
     return texts;
 }

@@ -150,6 +150,7 @@ public:
     /// The calls since the last clearJournal(), without getters unless asked for.
     Lines calls(recording::Show show = recording::Show::Commands);
     /// All calls and log records since then, in order: "camera.setGamma(144179)", "log 2: text".
+    /// How often the root object is fetched does not matter; it is left out.
     Lines journal();
     /// Empties the journal and marks the log.
     void forget();

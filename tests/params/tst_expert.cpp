@@ -63,18 +63,6 @@ void disconnectAndConnect(kit::Operator& user)
     user.click("connectDeviceButton");
 }
 
-/// Calls and log records in their order. How often the root object is fetched does not matter.
-QStringList journal(kit::Operator& user)
-{
-    QStringList lines;
-    for (const recording::Entry& entry : user.sdk.entries()) {
-        if (entry.operation != "OmbrixSdk.get_instance") {
-            lines.append(QString::fromStdString(entry.text()));
-        }
-    }
-    return lines;
-}
-
 bool apply(kit::Operator& user)
 {
     return QMetaObject::invokeMethod(&user.window(), "ApplyParamsExpert");
@@ -334,7 +322,7 @@ private Q_SLOTS:
             user.sdk.camera.gainCorrection = user.sdk.camera.verticalFlip =
                 static_cast<std::uint8_t>(answer);
         user.click("readParamButtonExpert");
-        QCOMPARE(journal(user),
+        QCOMPARE(user.journal(),
                  QStringList(
                      {QStringLiteral("log 2: Start reading camera expert parameters"),
                       QStringLiteral("sdk.getConfiguration()"), QStringLiteral("camera.getGsk()"),
@@ -451,7 +439,7 @@ private Q_SLOTS:
         user.find<QDoubleSpinBox>("tintEdit").setValue(13);
         user.rest();
         QVERIFY(apply(user));
-        QCOMPARE(journal(user), allAccepted());
+        QCOMPARE(user.journal(), allAccepted());
         QCOMPARE(user.newLog().size(), 10);
     }
 
@@ -487,7 +475,7 @@ private Q_SLOTS:
         QStringList expected = allAccepted();
         QCOMPARE(expected.count(ok), 1);
         expected.replace(expected.indexOf(ok), ko);
-        QCOMPARE(journal(user), expected);
+        QCOMPARE(user.journal(), expected);
     }
 
     void aRefusedBaudRateAloneWarnsAndSavesNothing()
@@ -501,7 +489,7 @@ private Q_SLOTS:
         expected.replaceInStrings(QStringLiteral("Set Mavlink baud rate value OK"),
                                   QStringLiteral("Set Mavlink baud rate value KO"));
         expected.removeOne(QStringLiteral("sdk.saveConfiguration()"));
-        QCOMPARE(journal(user), expected);
+        QCOMPARE(user.journal(), expected);
     }
 
     void anyByteButZeroIsSuccess()
@@ -510,7 +498,7 @@ private Q_SLOTS:
         connectAndPrepare(user);
         user.sdk.answerEveryCommand(254);
         QVERIFY(apply(user));
-        QCOMPARE(journal(user), allAccepted());
+        QCOMPARE(user.journal(), allAccepted());
     }
 
     void everythingRefusedButTheBaudRateWarnsOfNothingAndSaves()
@@ -617,9 +605,9 @@ private Q_SLOTS:
         user.find<QSlider>("tintSlider").setValue(-9);
         user.forget();
         QVERIFY(apply(user));
-        QCOMPARE(journal(user), kit::lines({"log 2: Start applying camera expert parameters",
-                                            "sdk.getConfiguration()",
-                                            "log 2: End applying camera expert parameters"}));
+        QCOMPARE(user.journal(), kit::lines({"log 2: Start applying camera expert parameters",
+                                             "sdk.getConfiguration()",
+                                             "log 2: End applying camera expert parameters"}));
         QCOMPARE(configured(user), (std::array{3, 77, 11, -9}));
     }
 

@@ -387,18 +387,6 @@ void connectCamera(kit::Operator& user)
     user.rest();
 }
 
-/// Calls and log records in their order. How often the root object is fetched does not matter.
-QStringList journal(kit::Operator& user)
-{
-    QStringList lines;
-    for (const recording::Entry& entry : user.sdk.entries()) {
-        if (entry.operation != "OmbrixSdk.get_instance") {
-            lines.append(QString::fromStdString(entry.text()));
-        }
-    }
-    return lines;
-}
-
 /// What the log pane must show after the sequence.
 QStringList linesOf(const QStringList& sequence)
 {
@@ -450,7 +438,7 @@ private Q_SLOTS:
         makeDefaultsEqual(user.sdk);
         connectCamera(user);
         user.click("resetParamButtonUser");
-        QCOMPARE(journal(user), resetToEqualDefaults);
+        QCOMPARE(user.journal(), resetToEqualDefaults);
         QCOMPARE(user.newLog(), linesOf(resetToEqualDefaults));
     }
 
@@ -460,7 +448,7 @@ private Q_SLOTS:
         makeDefaultsEqual(user.sdk);
         connectCamera(user);
         QVERIFY(QMetaObject::invokeMethod(&user.window(), "ApplyParamsUser"));
-        QCOMPARE(journal(user), applyOfEqualDefaults);
+        QCOMPARE(user.journal(), applyOfEqualDefaults);
         QCOMPARE(user.newLog(), linesOf(applyOfEqualDefaults));
     }
 
@@ -470,7 +458,7 @@ private Q_SLOTS:
         makeDefaultsDiffer(user.sdk);
         connectCamera(user);
         user.click("resetParamButtonUser");
-        QCOMPARE(journal(user), resetToOtherDefaults);
+        QCOMPARE(user.journal(), resetToOtherDefaults);
         QCOMPARE(user.newLog(), linesOf(resetToOtherDefaults));
         compareWidgetsWithOtherDefaults(user);
     }
@@ -493,7 +481,7 @@ private Q_SLOTS:
         user.click("resetParamButtonUser");
         const QStringList expected = with(*refusal, resetToOtherDefaults);
         QVERIFY(expected != resetToOtherDefaults);
-        QCOMPARE(journal(user), expected);
+        QCOMPARE(user.journal(), expected);
         QCOMPARE(user.newLog(), linesOf(expected));
         compareWidgetsWithOtherDefaults(user);
     }
@@ -505,7 +493,7 @@ private Q_SLOTS:
         connectCamera(user);
         user.sdk.answer("camera.setFrameRate", 0);
         user.click("resetParamButtonUser");
-        QCOMPARE(journal(user), withRefusedFrameRate(resetToOtherDefaults));
+        QCOMPARE(user.journal(), withRefusedFrameRate(resetToOtherDefaults));
         compareWidgetsWithOtherDefaults(user);
     }
 
@@ -521,7 +509,7 @@ private Q_SLOTS:
             expected = with(refusal, expected);
         }
         QCOMPARE(expected.filter(QStringLiteral(" OK")), QStringList());
-        QCOMPARE(journal(user), expected);
+        QCOMPARE(user.journal(), expected);
         QCOMPARE(user.newLog(), linesOf(expected));
         QCOMPARE(user.sdk.count("sdk.saveConfiguration"), 1);
         compareWidgetsWithOtherDefaults(user);
