@@ -40,9 +40,10 @@ double luminance(const QColor& colour)
 
 QColor over(const QColor& colour, const QColor& ground)
 {
-    const double part = colour.alphaF();
-    const auto mixed = [part](double above, double below) {
-        return part * above + (1.0 - part) * below;
+    using Component = decltype(colour.alphaF()); // float or double, as the toolkit has it
+    const Component part = colour.alphaF();
+    const auto mixed = [part](Component above, Component below) {
+        return part * above + (1 - part) * below;
     };
     return QColor::fromRgbF(mixed(colour.redF(), ground.redF()),
                             mixed(colour.greenF(), ground.greenF()),
@@ -135,10 +136,6 @@ void keepColoursReadable()
 
 void keepColoursReadable(QObject& window)
 {
-    if (isStyleByPalette()) {
-        keepColoursReadable();
-        return;
-    }
     // Later: it may be a style that is just changing them, which must not be replaced meanwhile.
     QMetaObject::invokeMethod(
         &window, [] { keepColoursReadable(); }, Qt::QueuedConnection);
