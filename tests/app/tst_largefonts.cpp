@@ -60,6 +60,8 @@ int main(int argc, char* argv[])
 {
     kit::prepareProcess();
     qputenv("QT_FONT_DPI", "192");
+    // Qt 6 would scale the whole window instead.
+    qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
     QApplication application(argc, argv);
     TestLargeFonts test;
     return QTest::qExec(&test, argc, argv);

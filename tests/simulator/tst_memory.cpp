@@ -329,7 +329,7 @@ private Q_SLOTS:
                                     : cameraFile + QStringLiteral(".damaged-%1").arg(number),
                         "earlier");
         }
-        const int files = kept.entryList(QDir::Files).size();
+        const auto files = kept.entryList(QDir::Files).size();
         scene.write(cameraFile, "rubbish");
         scene.newLog();
         scene.restart();

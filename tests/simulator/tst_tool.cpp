@@ -114,7 +114,7 @@ private:
     kit::Warnings warnings;
     kit::Ports ports;
     std::unique_ptr<MainWindow> window;
-    int logRead = 0;
+    decltype(QStringList().size()) logRead = 0;
 };
 
 QString quoted(const char* text)

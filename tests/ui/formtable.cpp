@@ -452,6 +452,12 @@ void appendOutline(QLayout& layout, int depth, const QString& cell, QStringList&
     }
 }
 
+/// Pictures only compare as images.
+QVariant comparable(const QVariant& value)
+{
+    return value.userType() == QMetaType::QPixmap ? value.value<QPixmap>().toImage() : value;
+}
+
 } // namespace
 
 QStringList FormSection::lines() const
@@ -493,8 +499,8 @@ QStringList differences(const QWidget& widget, const WidgetRow& row)
         if (isComparedElsewhere(property.name())) {
             continue;
         }
-        const QVariant actual = property.read(&widget);
-        const QVariant expected = property.read(model.get());
+        const QVariant actual = comparable(property.read(&widget));
+        const QVariant expected = comparable(property.read(model.get()));
         if (actual != expected) {
             found << QStringLiteral("%1 is %2, not %3")
                          .arg(QLatin1String(property.name()), shown(actual), shown(expected));
