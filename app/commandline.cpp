@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/commandline.h"
 
-#include "app/version.h"
+#include "ui/version.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/dialog.h"
 
-#include "app/version.h"
+#include "ui/version.h"
 #include "ui_dialog.h"
 
 Dialog::Dialog(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui_Dialog>())

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The About dialog.
-#include "app/version.h"
 #include "formtable.h"
 #include "revealingstyle.h"
 #include "tests/kit/operator.h"
 #include "translations.h"
 #include "ui/dialog.h"
+#include "ui/version.h"
 #include "ui_dialog.h"
 
 #include <QLabel>
