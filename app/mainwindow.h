@@ -23,6 +23,10 @@ struct Coordinate;
 struct ExpertValue;
 struct TableEdit;
 struct Toggle;
+
+namespace bpr {
+struct Refusal;
+} // namespace bpr
 } // namespace tavrel
 
 class MainWindow : public QMainWindow {
@@ -143,6 +147,7 @@ private:
     bool openCameraLink(std::string port);
     void setupExpertSliders();
     void showNotConnected();
+    ombrix_sdk::Flag sendCameraBaudRate();
     /// Whether a command may be sent: there is a camera, and it is not being closed.
     [[nodiscard]] bool mayCommand() const { return camera != nullptr && !disconnecting; }
 
@@ -178,7 +183,6 @@ private:
     void enableRegion(int region);
     void requestNuc(bool automatic);
     void sendExpertValue(const tavrel::ExpertValue& value);
-    ombrix_sdk::Flag sendCameraBaudRate();
 
     // bpr/
     void readBprTable();
@@ -191,9 +195,8 @@ private:
     void removeBadPixelLine();
     void removeBadPixelColumn();
     void editTable(const tavrel::TableEdit& edit);
-    /// Restores a missing working copy from the backup; false when the operator was told that there
-    /// is none to use.
-    bool ensureWorkingCopy(const std::string& workingPath, const std::string& backupPath);
+    /// Tells the operator in a box why an operation has ended.
+    void showRefusal(const tavrel::bpr::Refusal& refusal);
 
     std::uint8_t lastResult = 0; ///< result of the latest camera operation, 0 is failure
     Ui_MainWindow* ui;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Everything that differs between the platforms the tool runs on.
+// What differs between the platforms the tool runs on, apart from how map files are kept.
 #pragma once
 
 #include <chrono>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Declaring and undeclaring bad pixels in the working copy. The camera's own table is not touched.
 #include "app/mainwindow.h"
-#include "bpr/files.h"
+#include "bpr/transfer.h"
 #include "ui_mainwindow.h"
 
 #include <QtWidgets/QMessageBox>
@@ -68,15 +68,15 @@ void MainWindow::editTable(const TableEdit& edit)
         showNotConnected();
         return;
     }
-    const std::string fileName = bpr::bprFileName(camera->getSerialNumber());
-    const std::string workingPath = bpr::pathInFolder(bpr::workingFolder, fileName);
-    if (!ensureWorkingCopy(workingPath, bpr::pathInFolder(bpr::backupFolder, fileName))) {
+    const bpr::MapFiles files(camera->getSerialNumber());
+    if (const auto refusal = bpr::ensureWorkingCopy(files)) {
+        showRefusal(*refusal);
         return;
     }
     const int x = ui->xBadPixelCoordinate->value();
     const int y = ui->yBadPixelCoordinate->value();
     const ombrix_sdk::Flag result = (camera->*edit.operation)(
-        workingPath, edit.takesX ? static_cast<std::uint32_t>(x) : everyPixel,
+        files.working(), edit.takesX ? static_cast<std::uint32_t>(x) : everyPixel,
         edit.takesY ? static_cast<std::uint32_t>(y) : everyPixel);
     if (result != 0) {
         appendLog(withCoordinates(edit.done, x, y));

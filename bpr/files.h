@@ -27,6 +27,18 @@ std::string bprFileName(std::uint32_t serial);
 /// Path of a file in a folder of the directory that is current now.
 std::string pathInFolder(const char* folder, const std::string& fileName);
 
+/// The two maps of one camera, in the directory that is current when they are asked for.
+class MapFiles {
+public:
+    explicit MapFiles(std::uint32_t serial) : name(bprFileName(serial)) {}
+
+    [[nodiscard]] std::string working() const { return pathInFolder(workingFolder, name); }
+    [[nodiscard]] std::string backup() const { return pathInFolder(backupFolder, name); }
+
+private:
+    std::string name;
+};
+
 /// Whether the file can be opened for reading.
 bool fileExists(const std::string& path);
 

@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/mainwindow.h"
 #include "app/platform.h"
-#include "bpr/files.h"
 #include "bpr/pause.h"
-#include "bpr/table.h"
-
-#include <QtWidgets/QMessageBox>
-
-#include <memory>
+#include "bpr/transfer.h"
 
 namespace bpr = tavrel::bpr;
 
@@ -32,35 +27,14 @@ void MainWindow::readBprTable()
         showNotConnected();
         return;
     }
-
-    auto region = std::make_unique<bpr::Region>();
-    const std::int32_t status = camera->readTableData(bpr::regionOffset, bpr::regionLength,
-                                                      bpr::readTableId, region->data());
-    if (status != 0) {
-        region.reset();
-        QMessageBox::about(
-            this, tr("BPR table"),
-            QStringLiteral("BPR table not read correctly (error code = %1)").arg(status));
-        return;
-    }
-    const bpr::DecodedTable table = bpr::decodeTable(*region);
-    if (table.stalls) {
+    const bpr::CameraTable read = bpr::fetchTable(*camera);
+    if (read.table.stalls) {
         waitForRecord();
     }
-    region.reset();
-    if (table.count > bpr::badPixelLimit) {
-        QMessageBox::about(this, tr("BPR table"), tr("Too many bad pixels found"));
+    if (read.refusal) {
+        showRefusal(*read.refusal);
         return;
     }
-
-    const std::string fileName = bpr::bprFileName(camera->getSerialNumber());
-    const std::string backupPath = bpr::pathInFolder(bpr::backupFolder, fileName);
-    if (!bpr::fileExists(backupPath)) {
-        bpr::writeNewMap(table.map, backupPath);
-        appendLog("Backup table written to " + tavrel::platform::utf8(backupPath));
-    }
-    const std::string workingPath = bpr::pathInFolder(bpr::workingFolder, fileName);
-    bpr::writeMap(table.map, workingPath);
-    appendLog("Table written to " + tavrel::platform::utf8(workingPath));
-    appendLog("Table containing : " + std::to_string(table.count) + " Bad Pixels");
+    bpr::storeTable(read.table, bpr::MapFiles(camera->getSerialNumber()),
+                    [this](const std::string& line) { appendLog(line); });
 }

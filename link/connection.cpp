@@ -120,7 +120,7 @@ void MainWindow::setupExpertSliders()
         slider->setValue(configuration->*value->configured);
 
         QDoubleSpinBox* box = ui->*value->pair.box;
-        if (value->boxHasLimits) {
+        if (value->hasLimits) {
             box->setRange(configuration->*value->minimum, configuration->*value->maximum);
         }
         box->setValue(configuration->*value->configured);

@@ -8,6 +8,10 @@
 
 namespace tavrel {
 
+namespace {
+constexpr double fixedPointOne = 65536.0;
+}
+
 int saturatedInt(double value)
 {
     using Limits = std::numeric_limits<int>;
@@ -42,6 +46,17 @@ std::uint32_t lowWord(double value)
 std::uint8_t lowByte(int value)
 {
     return static_cast<std::uint8_t>(static_cast<unsigned>(value) & 0xFFU);
+}
+
+std::uint32_t fixedPoint(double gamma)
+{
+    return lowWord(gamma * fixedPointOne);
+}
+
+double fromFixedPoint(std::uint32_t gamma)
+{
+    // Single precision on the way is the operators' reading.
+    return static_cast<double>(static_cast<float>(gamma)) / fixedPointOne;
 }
 
 std::string numberText(double value)

@@ -19,6 +19,12 @@ std::uint32_t lowWord(double value);
 /// The low byte of a combo box index or spin box value; index -1 (no item) becomes 255.
 std::uint8_t lowByte(int value);
 
+/// Gamma as the camera holds it: 16.16 fixed point, what is finer cut off.
+std::uint32_t fixedPoint(double gamma);
+
+/// The gamma of a camera's fixed point number.
+double fromFixedPoint(std::uint32_t gamma);
+
 /// Decimal text with six significant digits and no trailing zeros.
 std::string numberText(double value);
 

@@ -3,31 +3,19 @@
 // of record; the slider follows it and leads it.
 #pragma once
 
-#include "params/conversions.h"
+#include "params/scale.h"
 #include "ui_mainwindow.h"
-
-#include <cmath>
 
 namespace tavrel {
 
-/// Slider with a double spin box: box = slider x unitsPerStep + offset.
+/// Slider with a double spin box.
 struct DecimalPair {
     QSlider* Ui_MainWindow::*slider;
     QDoubleSpinBox* Ui_MainWindow::*box;
-    double unitsPerStep;
-    double stepsPerUnit; ///< 1 / unitsPerStep, kept apart because 0.1 has no exact double
-    double offset;
+    Scale scale;
 
-    [[nodiscard]] double toBox(int sliderValue) const
-    {
-        return sliderValue * unitsPerStep + offset;
-    }
-
-    /// Nearest step, halves away from zero.
-    [[nodiscard]] int toSlider(double boxValue) const
-    {
-        return saturatedInt(std::round((boxValue - offset) * stepsPerUnit));
-    }
+    [[nodiscard]] double toBox(int sliderValue) const { return scale.toValue(sliderValue); }
+    [[nodiscard]] int toSlider(double boxValue) const { return scale.toStep(boxValue); }
 };
 
 /// Slider with an integer spin box of the same scale.

@@ -3,6 +3,7 @@
 #include "app/mainwindow.h"
 #include "app/platform.h"
 #include "link/connectionwatch.h"
+#include "params/shutter.h"
 #include "params/toggles.h"
 #include "ui_mainwindow.h"
 
@@ -70,16 +71,14 @@ void MainWindow::readShutterPosition()
     if (!mayCommand()) {
         return;
     }
-    // A camera that reports success without writing the position reads as closed.
-    std::uint8_t position = 0x37;
-    lastResult = camera->getShutterPosition(&position);
+    const tavrel::ShutterPosition position = tavrel::readShutter(*camera);
+    lastResult = position.result;
     if (lastResult == 0) {
         appendLog("Unable to get shutter position");
         return;
     }
-    const bool closed = position != 0;
-    const char* const caption = closed ? shutterCaptions.on : shutterCaptions.off;
-    ui->shutterCtrlPB->setChecked(closed);
+    const char* const caption = position.closed ? shutterCaptions.on : shutterCaptions.off;
+    ui->shutterCtrlPB->setChecked(position.closed);
     ui->shutterCtrlPB->setText(QLatin1String(caption));
     appendLog(caption);
 }

@@ -80,9 +80,7 @@ void MainWindow::readVideo()
 
 void MainWindow::readGamma()
 {
-    constexpr double fixedPointUnit = 1.0 / 65536.0;
-    const double gamma =
-        static_cast<double>(static_cast<float>(camera->getGamma())) * fixedPointUnit;
+    const double gamma = tavrel::fromFixedPoint(camera->getGamma());
     GammaUserValueChanged(gamma);
     appendLog("Gamma value = " + numberText(gamma));
 }
@@ -104,12 +102,13 @@ void MainWindow::readRegions()
         const tavrel::Region& row = tavrel::regions[index];
         const Coordinates& region = read[index];
         if (row.enable != nullptr) {
-            (ui->*row.enable)->setChecked(region.x1 != 0);
+            (ui->*row.enable)->setChecked(tavrel::isRegionOn(region.x1));
         }
         const auto show = [&](QSpinBox* Ui_MainWindow::*box, const char* name,
                               std::uint32_t value) {
             (ui->*box)->setValue(saturatedInt(std::uint64_t{value}));
-            appendLog(std::string(row.name) + " " + name + " value = " + to_string(value));
+            appendLog(std::string(tavrel::regionNames[index]) + " " + name +
+                      " value = " + to_string(value));
         };
         show(row.x1, "X1", region.x1);
         show(row.y1, "Y1", region.y1);

@@ -7,21 +7,17 @@
 #include <QtWidgets/QMessageBox>
 
 using ombrix_sdk::Flag;
-using ombrix_sdk::ICamera;
 using tavrel::Region;
 using tavrel::regions;
 
 namespace tavrel {
 
 /// One of the four coordinates of a region, held against its opposite.
-struct Coordinate {
-    const char* name;
+struct Coordinate : RegionCoordinate {
     QSpinBox* Ui_MainWindow::*Region::*low; ///< gives way when it exceeds high
     QSpinBox* Ui_MainWindow::*Region::*high;
     QSpinBox* Ui_MainWindow::*Region::*sent;
     const char* rule;
-    Flag (ICamera::*set)(std::uint32_t coordinate, std::uint32_t region, bool roi1Inclusive,
-                         bool roi0Exclusive, bool roi1Exclusive);
 };
 
 } // namespace tavrel
@@ -34,10 +30,10 @@ constexpr const char* xRule = QT_TRANSLATE_NOOP("MainWindow", " X1 must be lower
 constexpr const char* yRule = QT_TRANSLATE_NOOP("MainWindow", " Y1 must be lower than ROI Y2");
 
 // clang-format off
-constexpr Coordinate x1Coordinate{"X1", &Region::x1, &Region::x2, &Region::x1, xRule, &ICamera::setRoiX1};
-constexpr Coordinate x2Coordinate{"X2", &Region::x1, &Region::x2, &Region::x2, xRule, &ICamera::setRoiX2};
-constexpr Coordinate y1Coordinate{"Y1", &Region::y1, &Region::y2, &Region::y1, yRule, &ICamera::setRoiY1};
-constexpr Coordinate y2Coordinate{"Y2", &Region::y1, &Region::y2, &Region::y2, yRule, &ICamera::setRoiY2};
+constexpr Coordinate x1Coordinate{tavrel::regionX1, &Region::x1, &Region::x2, &Region::x1, xRule};
+constexpr Coordinate x2Coordinate{tavrel::regionX2, &Region::x1, &Region::x2, &Region::x2, xRule};
+constexpr Coordinate y1Coordinate{tavrel::regionY1, &Region::y1, &Region::y2, &Region::y1, yRule};
+constexpr Coordinate y2Coordinate{tavrel::regionY2, &Region::y1, &Region::y2, &Region::y2, yRule};
 // clang-format on
 
 bool isRegion(int region)
@@ -65,7 +61,7 @@ void MainWindow::sendCoordinate(const Coordinate& coordinate, int region)
         const QSpinBox* sent = ui->*(row.*coordinate.sent);
         // A rejected value is corrected on screen but still sent as the operator gave it.
         value = static_cast<std::uint32_t>(sent->value());
-        if (low->value() > high->value()) {
+        if (!tavrel::areInOrder(low->value(), high->value())) {
             low->setValue(high->value());
             QMessageBox::about(this, tr("ROI"),
                                tr("ROI ") + QString::number(region) + tr(coordinate.rule));

@@ -16,10 +16,10 @@ using tavrel::mirrorToSlider;
 
 // clang-format off
 //                                     slider                       spin box                 units/step  steps/unit  offset
-constexpr DecimalPair gammaPair         {&Ui::gammaSlider,             &Ui::gammaEdit,           0.1,        10.0,       0.5};
-constexpr DecimalPair clhePair          {&Ui::clheSlider,              &Ui::clheEdit,            1.0,        1.0,        0.0};
-constexpr DecimalPair sharpeningPair    {&Ui::sharpeningGainSlider,    &Ui::sharpeningGainEdit,  0.1,        10.0,       0.0};
-constexpr DecimalPair sharpeningTHPair  {&Ui::SharpeningTHSlider,      &Ui::SharpeningTHEdit,    0.1,        10.0,       0.0};
+constexpr DecimalPair gammaPair         {&Ui::gammaSlider,             &Ui::gammaEdit,           {0.1,        10.0,       0.5}};
+constexpr DecimalPair clhePair          {&Ui::clheSlider,              &Ui::clheEdit,            {1.0,        1.0,        0.0}};
+constexpr DecimalPair sharpeningPair    {&Ui::sharpeningGainSlider,    &Ui::sharpeningGainEdit,  {0.1,        10.0,       0.0}};
+constexpr DecimalPair sharpeningTHPair  {&Ui::SharpeningTHSlider,      &Ui::SharpeningTHEdit,    {0.1,        10.0,       0.0}};
 constexpr IntegerPair ahcBlackLimitPair {&Ui::AhcBlackGainLimSlider,   &Ui::AhcBlackGainLimSpin};
 constexpr IntegerPair ahcWhiteLimitPair {&Ui::AhcWhiteGainLimSlider,   &Ui::AhcWhiteGainLimSpin};
 constexpr IntegerPair tempoFilterPair   {&Ui::TempoFilterSlider,       &Ui::TempoFilterSpin};
@@ -102,9 +102,7 @@ void MainWindow::gammaUserSendCommand()
     if (!mayCommand()) {
         return;
     }
-    constexpr double fixedPointOne = 65536.0;
-    reportResult(camera->setGamma(lowWord(ui->gammaEdit->value() * fixedPointOne)),
-                 "Set GAMMA value");
+    reportResult(camera->setGamma(tavrel::fixedPoint(ui->gammaEdit->value())), "Set GAMMA value");
 }
 
 void MainWindow::clheSendCommand()
