@@ -11,13 +11,6 @@
 namespace simulator {
 namespace {
 
-using ombrix_sdk::AhcGainsLimitation;
-using ombrix_sdk::EdgeCorrection;
-using ombrix_sdk::OperatingTime;
-using ombrix_sdk::ReplacementEntry;
-using ombrix_sdk::Temperatures;
-using ombrix_sdk::Zoom;
-using ombrix_sdk::ZoomResolution;
 using O = Operation;
 using P = Parameter;
 
@@ -90,7 +83,7 @@ bool isTableRegion(Operation operation, std::uint32_t offset, std::uint32_t leng
 } // namespace
 
 Camera::Camera(Device& openedDevice, std::uint32_t linkBaudRate)
-    : device(openedDevice), serialNumber(openedDevice.get<std::uint32_t>(P::SerialNumber)),
+    : device(openedDevice), serialNumber(openedDevice.get<std::uint32_t>(P::serialNumber)),
       baudRate(linkBaudRate)
 {}
 
@@ -147,17 +140,17 @@ template<typename Type> Type Camera::getValue(Operation operation, Parameter par
 template<typename Type> Flag Camera::setValue(Operation operation, Parameter parameter, Type value)
 {
     return perform(
-        operation, refused, [&] { return asFlag(device.set(parameter, value)); }, value);
+        operation, refused, [&] { return asFlag(device.obey(parameter, value)); }, value);
 }
 
-template<typename Record, typename Fill>
-Flag Camera::fillRecord(Operation operation, Record* record, Fill fill)
+template<typename Record>
+Flag Camera::fillRecord(Operation operation, Record* record, Record (Device::*read)() const)
 {
     return perform(operation, refused, [&] {
         if (!isGiven(operation, record)) {
             return refused;
         }
-        fill(*record);
+        *record = (device.*read)();
         filled = journalText(*record);
         return asFlag(true);
     });
@@ -185,12 +178,35 @@ Flag Camera::setRegion(Operation operation, Coordinate coordinate, std::uint32_t
         value, region, roi1Inclusive, roi0Exclusive, roi1Exclusive);
 }
 
+// The common kinds.
+
+// clang-format off
+#define GET(Type, name, value) Type Camera::name() { return getValue<Type>(O::name, P::value); }
+#define SET(Type, name, value)                                                                     \
+    Flag Camera::name(Type given) { return setValue(O::name, P::value, given); }
+#define FILL(Record, name, value)                                                                  \
+    Flag Camera::name(Record* record) { return fillRecord(O::name, record, &Device::value); }
+#define GET_ROI(name, coordinate)                                                                  \
+    std::uint32_t Camera::name(std::uint32_t region)                                               \
+    {                                                                                              \
+        return getRegion(O::name, Coordinate::coordinate, region);                                 \
+    }
+#define SET_ROI(name, coordinate)                                                                  \
+    Flag Camera::name(std::uint32_t pixel, std::uint32_t region, bool roi1Inclusive,               \
+                      bool roi0Exclusive, bool roi1Exclusive)                                      \
+    {                                                                                              \
+        return setRegion(O::name, Coordinate::coordinate, pixel, region, roi1Inclusive,            \
+                         roi0Exclusive, roi1Exclusive);                                            \
+    }
+// clang-format on
+#include "sdk/operations.def"
+
 // Identity and state.
 
 std::uint8_t Camera::connect(void* context)
 {
-    return perform(O::Connect, std::uint8_t{0},
-                   [&] { return isGiven(O::Connect, context) ? connected : std::uint8_t{0}; });
+    return perform(O::connect, std::uint8_t{0},
+                   [&] { return isGiven(O::connect, context) ? connected : std::uint8_t{0}; });
 }
 
 void Camera::getVersions(std::uint32_t* versions)
@@ -198,12 +214,12 @@ void Camera::getVersions(std::uint32_t* versions)
     constexpr unsigned fpgaShift = 16;
     constexpr std::uint32_t nineHertzBit = 1U << 28U;
     constexpr std::uint32_t mipiBit = 1U << 29U;
-    const auto word = perform(O::GetVersions, std::uint32_t{0}, [&] {
-        isGiven(O::GetVersions, versions);
-        return device.get<std::uint32_t>(P::FirmwareVersion) |
-               device.get<std::uint32_t>(P::FpgaVersion) << fpgaShift |
-               (device.get<bool>(P::NineHertz) ? nineHertzBit : 0) |
-               (device.get<bool>(P::Mipi) ? mipiBit : 0);
+    const auto word = perform(O::getVersions, std::uint32_t{0}, [&] {
+        isGiven(O::getVersions, versions);
+        return device.get<std::uint32_t>(P::firmwareVersion) |
+               device.get<std::uint32_t>(P::fpgaVersion) << fpgaShift |
+               (device.get<bool>(P::nineHertz) ? nineHertzBit : 0) |
+               (device.get<bool>(P::mipi) ? mipiBit : 0);
     });
     if (versions != nullptr) {
         *versions = word;
@@ -212,274 +228,14 @@ void Camera::getVersions(std::uint32_t* versions)
 
 void Camera::refresh()
 {
-    perform(O::Refresh, refused, [] { return asFlag(true); });
-}
-
-std::uint32_t Camera::getSerialNumber()
-{
-    return getValue<std::uint32_t>(O::GetSerialNumber, P::SerialNumber);
-}
-
-std::uint32_t Camera::getSensorSerialNumber()
-{
-    return getValue<std::uint32_t>(O::GetSensorSerialNumber, P::SensorSerialNumber);
-}
-
-Flag Camera::getTemperatures(Temperatures* temperatures)
-{
-    return fillRecord(O::GetTemperatures, temperatures, [&](Temperatures& record) {
-        record.sensor = device.temperature(P::SensorTemperature);
-        record.fpga = device.temperature(P::FpgaTemperature);
-    });
-}
-
-Flag Camera::getOperatingTime(OperatingTime* time)
-{
-    return fillRecord(O::GetOperatingTime, time, [&](OperatingTime& record) {
-        record.minutes = device.get<std::uint32_t>(P::OperatingMinutes);
-        record.startups = device.get<std::uint32_t>(P::Startups);
-    });
+    perform(O::refresh, refused, [] { return asFlag(true); });
 }
 
 Flag Camera::setBaudRate(std::uint32_t rate, bool permanent)
 {
     return perform(
-        O::SetBaudRate, refused, [&] { return asFlag(device.setBaudRate(rate, permanent)); }, rate,
+        O::setBaudRate, refused, [&] { return asFlag(device.setBaudRate(rate, permanent)); }, rate,
         permanent);
-}
-
-// Single values.
-
-std::uint32_t Camera::getGsk()
-{
-    return getValue<std::uint32_t>(O::GetGsk, P::Gsk);
-}
-
-Flag Camera::setGsk(std::uint32_t value)
-{
-    return setValue(O::SetGsk, P::Gsk, value);
-}
-
-std::uint32_t Camera::getGfid()
-{
-    return getValue<std::uint32_t>(O::GetGfid, P::Gfid);
-}
-
-Flag Camera::setGfid(std::uint32_t value)
-{
-    return setValue(O::SetGfid, P::Gfid, value);
-}
-
-std::uint32_t Camera::getGms()
-{
-    return getValue<std::uint32_t>(O::GetGms, P::Gms);
-}
-
-Flag Camera::setGms(std::uint32_t value)
-{
-    return setValue(O::SetGms, P::Gms, value);
-}
-
-std::uint32_t Camera::getTint()
-{
-    return getValue<std::uint32_t>(O::GetTint, P::Tint);
-}
-
-Flag Camera::setTint(std::uint32_t value)
-{
-    return setValue(O::SetTint, P::Tint, value);
-}
-
-Flag Camera::getBprCorrection()
-{
-    return getValue<Flag>(O::GetBprCorrection, P::BprCorrection);
-}
-
-Flag Camera::setBprCorrection(bool enable)
-{
-    return setValue(O::SetBprCorrection, P::BprCorrection, enable);
-}
-
-Flag Camera::getOffsetCorrection()
-{
-    return getValue<Flag>(O::GetOffsetCorrection, P::OffsetCorrection);
-}
-
-Flag Camera::setOffsetCorrection(bool enable)
-{
-    return setValue(O::SetOffsetCorrection, P::OffsetCorrection, enable);
-}
-
-Flag Camera::getGainCorrection()
-{
-    return getValue<Flag>(O::GetGainCorrection, P::GainCorrection);
-}
-
-Flag Camera::setGainCorrection(bool enable)
-{
-    return setValue(O::SetGainCorrection, P::GainCorrection, enable);
-}
-
-Flag Camera::getHorizontalFlip()
-{
-    return getValue<Flag>(O::GetHorizontalFlip, P::HorizontalFlip);
-}
-
-Flag Camera::setHorizontalFlip(bool enable)
-{
-    return setValue(O::SetHorizontalFlip, P::HorizontalFlip, enable);
-}
-
-Flag Camera::getVerticalFlip()
-{
-    return getValue<Flag>(O::GetVerticalFlip, P::VerticalFlip);
-}
-
-Flag Camera::setVerticalFlip(bool enable)
-{
-    return setValue(O::SetVerticalFlip, P::VerticalFlip, enable);
-}
-
-Flag Camera::getVignettingCorrection()
-{
-    return getValue<Flag>(O::GetVignettingCorrection, P::VignettingCorrection);
-}
-
-Flag Camera::setVignettingCorrection(bool enable)
-{
-    return setValue(O::SetVignettingCorrection, P::VignettingCorrection, enable);
-}
-
-Flag Camera::getColumnCorrection()
-{
-    return getValue<Flag>(O::GetColumnCorrection, P::ColumnCorrection);
-}
-
-Flag Camera::setColumnCorrection(bool enable)
-{
-    return setValue(O::SetColumnCorrection, P::ColumnCorrection, enable);
-}
-
-Flag Camera::getTestPattern()
-{
-    return getValue<Flag>(O::GetTestPattern, P::TestPattern);
-}
-
-Flag Camera::setTestPattern(bool enable)
-{
-    return setValue(O::SetTestPattern, P::TestPattern, enable);
-}
-
-Flag Camera::getBt656SdiOutput()
-{
-    return getValue<Flag>(O::GetBt656SdiOutput, P::Bt656SdiOutput);
-}
-
-Flag Camera::setBt656SdiOutput(bool enable)
-{
-    return setValue(O::SetBt656SdiOutput, P::Bt656SdiOutput, enable);
-}
-
-Flag Camera::getParallelOutput()
-{
-    return getValue<Flag>(O::GetParallelOutput, P::ParallelOutput);
-}
-
-Flag Camera::setParallelOutput(bool enable)
-{
-    return setValue(O::SetParallelOutput, P::ParallelOutput, enable);
-}
-
-Flag Camera::getMipiOutput()
-{
-    return getValue<Flag>(O::GetMipiOutput, P::MipiOutput);
-}
-
-Flag Camera::setMipiOutput(bool enable)
-{
-    return perform(
-        O::SetMipiOutput, refused, [&] { return asFlag(device.setMipiOutput(enable)); }, enable);
-}
-
-std::uint8_t Camera::getFrameRate()
-{
-    return getValue<std::uint8_t>(O::GetFrameRate, P::FrameRate);
-}
-
-Flag Camera::setFrameRate(std::uint8_t hertz)
-{
-    return perform(
-        O::SetFrameRate, refused, [&] { return asFlag(device.setFrameRate(hertz)); }, hertz);
-}
-
-std::uint8_t Camera::getVideoOutput()
-{
-    return getValue<std::uint8_t>(O::GetVideoOutput, P::VideoOutput);
-}
-
-Flag Camera::setVideoOutput(std::uint8_t index)
-{
-    return setValue(O::SetVideoOutput, P::VideoOutput, index);
-}
-
-std::uint8_t Camera::getContrastType()
-{
-    return getValue<std::uint8_t>(O::GetContrastType, P::ContrastType);
-}
-
-Flag Camera::configureContrastType(std::uint8_t index)
-{
-    return setValue(O::ConfigureContrastType, P::ContrastType, index);
-}
-
-std::uint8_t Camera::getColorLut()
-{
-    return getValue<std::uint8_t>(O::GetColorLut, P::ColorLut);
-}
-
-Flag Camera::setColorLut(std::uint8_t index)
-{
-    return setValue(O::SetColorLut, P::ColorLut, index);
-}
-
-std::uint8_t Camera::getLutTemporalFilter()
-{
-    return getValue<std::uint8_t>(O::GetLutTemporalFilter, P::LutTemporalFilter);
-}
-
-Flag Camera::setLutTemporalFilter(std::uint8_t value)
-{
-    return setValue(O::SetLutTemporalFilter, P::LutTemporalFilter, value);
-}
-
-std::uint32_t Camera::getGamma()
-{
-    return getValue<std::uint32_t>(O::GetGamma, P::Gamma);
-}
-
-Flag Camera::setGamma(std::uint32_t gamma)
-{
-    return setValue(O::SetGamma, P::Gamma, gamma);
-}
-
-std::uint32_t Camera::getClhe()
-{
-    return getValue<std::uint32_t>(O::GetClhe, P::Clhe);
-}
-
-Flag Camera::setClhe(std::uint32_t value)
-{
-    return setValue(O::SetClhe, P::Clhe, value);
-}
-
-Flag Camera::getPolarity()
-{
-    return getValue<Flag>(O::GetPolarity, P::Polarity);
-}
-
-Flag Camera::setPolarity(bool inverted)
-{
-    return setValue(O::SetPolarity, P::Polarity, inverted);
 }
 
 // Groups of values.
@@ -487,7 +243,7 @@ Flag Camera::setPolarity(bool inverted)
 Flag Camera::configureEdgeCorrection(std::uint8_t type, std::uint32_t gain, std::uint32_t threshold)
 {
     return perform(
-        O::ConfigureEdgeCorrection, refused,
+        O::configureEdgeCorrection, refused,
         [&] { return asFlag(device.setEdgeCorrection(type, gain, threshold)); }, type, gain,
         threshold);
 }
@@ -496,12 +252,12 @@ const EdgeCorrection* Camera::getEdgeCorrection(EdgeCorrection* area)
 {
     EdgeCorrection* record = area != nullptr ? area : &spareEdgeRecord;
     *record = {};
-    perform(O::GetEdgeCorrection, refused, [&] {
-        isGiven(O::GetEdgeCorrection, area);
-        record->type = device.get<std::uint8_t>(P::EdgeType);
-        record->gain = device.get<std::uint32_t>(P::EdgeGain);
-        record->firstThreshold = device.get<std::uint32_t>(P::EdgeFirstThreshold);
-        record->secondThreshold = device.get<std::uint32_t>(P::EdgeSecondThreshold);
+    perform(O::getEdgeCorrection, refused, [&] {
+        isGiven(O::getEdgeCorrection, area);
+        record->type = device.get<std::uint8_t>(P::edgeType);
+        record->gain = device.get<std::uint32_t>(P::edgeGain);
+        record->firstThreshold = device.get<std::uint32_t>(P::edgeFirstThreshold);
+        record->secondThreshold = device.get<std::uint32_t>(P::edgeSecondThreshold);
         filled = journalText(*record);
         return asFlag(true);
     });
@@ -511,112 +267,36 @@ const EdgeCorrection* Camera::getEdgeCorrection(EdgeCorrection* area)
 Flag Camera::configureZoom(const Zoom* zoom)
 {
     return perform(
-        O::ConfigureZoom, refused,
+        O::configureZoom, refused,
         [&] {
-            return asFlag(isGiven(O::ConfigureZoom, zoom) &&
-                          device.set({{P::ZoomFactor, zoom->factor},
-                                      {P::ZoomXCenter, zoom->xCenter},
-                                      {P::ZoomYCenter, zoom->yCenter},
-                                      {P::ZoomMethod, zoom->method}}));
+            return asFlag(isGiven(O::configureZoom, zoom) &&
+                          device.set({{P::zoomFactor, zoom->factor},
+                                      {P::zoomXCenter, zoom->xCenter},
+                                      {P::zoomYCenter, zoom->yCenter},
+                                      {P::zoomMethod, zoom->method}}));
         },
         zoom);
-}
-
-Flag Camera::getZoom(Zoom* zoom)
-{
-    return fillRecord(O::GetZoom, zoom, [&](Zoom& record) {
-        record.factor = device.get<float>(P::ZoomFactor);
-        record.xCenter = device.get<std::int32_t>(P::ZoomXCenter);
-        record.yCenter = device.get<std::int32_t>(P::ZoomYCenter);
-        record.method = device.get<std::uint8_t>(P::ZoomMethod);
-    });
-}
-
-Flag Camera::getZoomResolution(ZoomResolution* resolution)
-{
-    return fillRecord(O::GetZoomResolution, resolution, [&](ZoomResolution& record) {
-        record.x = device.get<std::uint32_t>(P::ZoomXResolution);
-        record.y = device.get<std::uint32_t>(P::ZoomYResolution);
-    });
 }
 
 Flag Camera::configureZoomResolution(std::uint32_t x, std::uint32_t y)
 {
     return perform(
-        O::ConfigureZoomResolution, refused,
+        O::configureZoomResolution, refused,
         [&] {
-            return asFlag(device.set({{P::ZoomXResolution, x}, {P::ZoomYResolution, y}}));
+            return asFlag(device.set({{P::zoomXResolution, x}, {P::zoomYResolution, y}}));
         },
         x, y);
-}
-
-Flag Camera::getAhcGainsLimitation(AhcGainsLimitation* limits)
-{
-    return fillRecord(O::GetAhcGainsLimitation, limits, [&](AhcGainsLimitation& record) {
-        record.black = device.get<std::uint8_t>(P::AhcBlackGainLimit);
-        record.white = device.get<std::uint8_t>(P::AhcWhiteGainLimit);
-    });
 }
 
 Flag Camera::setAhcGainsLimitation(std::uint8_t black, std::uint8_t white)
 {
     return perform(
-        O::SetAhcGainsLimitation, refused,
+        O::setAhcGainsLimitation, refused,
         [&] {
             return asFlag(
-                device.set({{P::AhcBlackGainLimit, black}, {P::AhcWhiteGainLimit, white}}));
+                device.set({{P::ahcBlackGainLimit, black}, {P::ahcWhiteGainLimit, white}}));
         },
         black, white);
-}
-
-// Regions.
-
-std::uint32_t Camera::getRoiX1(std::uint32_t region)
-{
-    return getRegion(O::GetRoiX1, Coordinate::X1, region);
-}
-
-std::uint32_t Camera::getRoiX2(std::uint32_t region)
-{
-    return getRegion(O::GetRoiX2, Coordinate::X2, region);
-}
-
-std::uint32_t Camera::getRoiY1(std::uint32_t region)
-{
-    return getRegion(O::GetRoiY1, Coordinate::Y1, region);
-}
-
-std::uint32_t Camera::getRoiY2(std::uint32_t region)
-{
-    return getRegion(O::GetRoiY2, Coordinate::Y2, region);
-}
-
-Flag Camera::setRoiX1(std::uint32_t coordinate, std::uint32_t region, bool roi1Inclusive,
-                      bool roi0Exclusive, bool roi1Exclusive)
-{
-    return setRegion(O::SetRoiX1, Coordinate::X1, coordinate, region, roi1Inclusive, roi0Exclusive,
-                     roi1Exclusive);
-}
-
-Flag Camera::setRoiX2(std::uint32_t coordinate, std::uint32_t region, bool roi1Inclusive,
-                      bool roi0Exclusive, bool roi1Exclusive)
-{
-    return setRegion(O::SetRoiX2, Coordinate::X2, coordinate, region, roi1Inclusive, roi0Exclusive,
-                     roi1Exclusive);
-}
-
-Flag Camera::setRoiY1(std::uint32_t coordinate, std::uint32_t region, bool roi1Inclusive,
-                      bool roi0Exclusive, bool roi1Exclusive)
-{
-    return setRegion(O::SetRoiY1, Coordinate::Y1, coordinate, region, roi1Inclusive, roi0Exclusive,
-                     roi1Exclusive);
-}
-
-Flag Camera::setRoiY2(std::uint32_t coordinate, std::uint32_t region, bool roi1Inclusive,
-                      bool roi0Exclusive, bool roi1Exclusive)
-{
-    return setRegion(O::SetRoiY2, Coordinate::Y2, coordinate, region, roi1Inclusive, roi0Exclusive,
-                     roi1Exclusive);
 }
 
 // NUC and shutter.
@@ -624,30 +304,7 @@ Flag Camera::setRoiY2(std::uint32_t coordinate, std::uint32_t region, bool roi1I
 Flag Camera::requestNuc(std::uint8_t automatic)
 {
     return perform(
-        O::RequestNuc, refused, [&] { return asFlag(device.requestNuc(automatic)); }, automatic);
-}
-
-Flag Camera::setNucControl(std::uint8_t control)
-{
-    return perform(
-        O::SetNucControl, refused, [&] { return asFlag(device.setNucControl(control)); }, control);
-}
-
-Flag Camera::getNucControl()
-{
-    return getValue<Flag>(O::GetNucControl, P::NucControl);
-}
-
-Flag Camera::setShutterPosition(bool closed)
-{
-    return perform(
-        O::SetShutterPosition, refused, [&] { return asFlag(device.setShutter(closed)); }, closed);
-}
-
-Flag Camera::getShutterPosition(std::uint8_t* closed)
-{
-    return fillRecord(O::GetShutterPosition, closed,
-                      [&](std::uint8_t& record) { record = device.isShutterClosed() ? 1 : 0; });
+        O::requestNuc, refused, [&] { return asFlag(device.requestNuc(automatic)); }, automatic);
 }
 
 // Bad pixels.
@@ -656,10 +313,10 @@ std::int32_t Camera::readTableData(std::uint32_t offset, std::uint32_t length, s
                                    void* buffer)
 {
     return perform(
-        O::ReadTableData, noAnswer,
+        O::readTableData, noAnswer,
         [&] {
-            if (!isGiven(O::ReadTableData, buffer) ||
-                !isTableRegion(O::ReadTableData, offset, length, tableId, tableIdForReading)) {
+            if (!isGiven(O::readTableData, buffer) ||
+                !isTableRegion(O::readTableData, offset, length, tableId, tableIdForReading)) {
                 return wrongRequest;
             }
             std::memcpy(buffer, device.tableRegion().constData(), tableLength);
@@ -672,10 +329,10 @@ Flag Camera::writeTableData(std::uint32_t offset, std::uint32_t length, std::uin
                             void* buffer)
 {
     return perform(
-        O::WriteTableData, refused,
+        O::writeTableData, refused,
         [&] {
-            if (!isGiven(O::WriteTableData, buffer) ||
-                !isTableRegion(O::WriteTableData, offset, length, tableId, tableIdForWriting)) {
+            if (!isGiven(O::writeTableData, buffer) ||
+                !isTableRegion(O::writeTableData, offset, length, tableId, tableIdForWriting)) {
                 return refused;
             }
             device.writeTable(QByteArray(static_cast<const char*>(buffer), tableLength));
@@ -688,26 +345,26 @@ void Camera::loadBadPixelList(const std::string& path, std::vector<ReplacementEn
                               int& height, int& width)
 {
     filled.clear();
-    const Passage passage = enter(O::LoadBadPixelList);
+    const Passage passage = enter(O::loadBadPixelList);
     if (passage.carryOut) {
         QString reason;
         const bool treated = treatMapFile(pathFromBytes(path), height, width, list, &reason);
-        asFlag(treated, O::LoadBadPixelList, path, reason);
+        asFlag(treated, O::loadBadPixelList, path, reason);
     } else {
         spoilTreatment(passage.word, list);
     }
-    leave(O::LoadBadPixelList, {journalText(path), journalText(height), journalText(width)},
+    leave(O::loadBadPixelList, {journalText(path), journalText(height), journalText(width)},
           QStringLiteral("%1 entries").arg(list.size()), passage.note);
 }
 
 Flag Camera::addBadPixels(const std::string& path, std::uint32_t x, std::uint32_t y)
 {
     return perform(
-        O::AddBadPixels, refused,
+        O::addBadPixels, refused,
         [&] {
             QString reason;
             const bool added = declareBadPixels(pathFromBytes(path), x, y, &reason);
-            return asFlag(added, O::AddBadPixels, path, reason);
+            return asFlag(added, O::addBadPixels, path, reason);
         },
         path, x, y);
 }
@@ -715,11 +372,11 @@ Flag Camera::addBadPixels(const std::string& path, std::uint32_t x, std::uint32_
 Flag Camera::removeBadPixels(const std::string& path, std::uint32_t x, std::uint32_t y)
 {
     return perform(
-        O::RemoveBadPixels, refused,
+        O::removeBadPixels, refused,
         [&] {
             QString reason;
             const bool removed = undeclareBadPixels(pathFromBytes(path), x, y, &reason);
-            return asFlag(removed, O::RemoveBadPixels, path, reason);
+            return asFlag(removed, O::removeBadPixels, path, reason);
         },
         path, x, y);
 }

@@ -40,9 +40,9 @@ Device::Device(CameraSettings factorySettings, const Surroundings& around)
     : surroundings(around), factory(std::move(factorySettings)), values(factory.values),
       table(factory.table)
 {
-    if (surroundings.memory.loadCamera(get<std::uint32_t>(Parameter::SerialNumber), values,
+    if (surroundings.memory.loadCamera(get<std::uint32_t>(Parameter::serialNumber), values,
                                        table)) {
-        count(Parameter::Startups, 1);
+        count(Parameter::startups, 1);
     }
     switchOn();
 }
@@ -54,13 +54,13 @@ void Device::cyclePower()
             store(facts.parameter, factory.values[static_cast<std::size_t>(facts.parameter)]);
         }
     }
-    count(Parameter::Startups, 1);
+    count(Parameter::startups, 1);
     switchOn();
 }
 
 void Device::switchOn()
 {
-    currentBaudRate = get<std::uint32_t>(Parameter::BaudRate);
+    currentBaudRate = get<std::uint32_t>(Parameter::baudRate);
     hanging = false;
     switchedOn = surroundings.clock.now();
     minutesCounted = 0;
@@ -73,7 +73,7 @@ void Device::passTime()
 {
     const qint64 minutes = (surroundings.clock.now() - switchedOn) / millisecondsPerMinute;
     if (minutes > minutesCounted) {
-        count(Parameter::OperatingMinutes, static_cast<double>(minutes - minutesCounted));
+        count(Parameter::operatingMinutes, static_cast<double>(minutes - minutesCounted));
         minutesCounted = minutes;
         keep();
     }
@@ -86,13 +86,13 @@ void Device::count(Parameter parameter, double more)
 
 void Device::keep() const
 {
-    surroundings.memory.saveCamera(get<std::uint32_t>(Parameter::SerialNumber), values);
+    surroundings.memory.saveCamera(get<std::uint32_t>(Parameter::serialNumber), values);
 }
 
 void Device::writeTable(const QByteArray& region)
 {
     table = region;
-    surroundings.memory.saveTable(get<std::uint32_t>(Parameter::SerialNumber), table);
+    surroundings.memory.saveTable(get<std::uint32_t>(Parameter::serialNumber), table);
 }
 
 float Device::temperature(Parameter parameter) const
@@ -106,9 +106,9 @@ float Device::temperature(Parameter parameter) const
     const double warm = end - (end - start) * std::exp(-static_cast<double>(on) / warmUpTime);
     // Another number for each second, camera and sensor, and always the same for the same three.
     Random noise(surroundings.behaviour.seed ^
-                 (get<std::uint64_t>(Parameter::SerialNumber) << 16U) ^
+                 (get<std::uint64_t>(Parameter::serialNumber) << 16U) ^
                  (static_cast<std::uint64_t>(on / 1000) << 1U) ^
-                 (parameter == Parameter::SensorTemperature ? 1U : 0U));
+                 (parameter == Parameter::sensorTemperature ? 1U : 0U));
     return as<float>(warm + (noise.fraction() * 2 - 1) * temperatureNoise);
 }
 
@@ -131,9 +131,26 @@ bool Device::set(std::initializer_list<std::pair<Parameter, double>> changes)
     return true;
 }
 
+bool Device::obey(Parameter parameter, double value)
+{
+    switch (parameter) {
+    case Parameter::frameRate:
+        return contains(frameRates, value) && (!get<bool>(Parameter::nineHertz) || value == 9) &&
+               set(parameter, value);
+    case Parameter::mipiOutput:
+        return (value == 0 || get<bool>(Parameter::mipi)) && set(parameter, value);
+    case Parameter::nucControl:
+        return (value == nucOff || value == nucOn) && set(parameter, value == nucOn ? 1 : 0);
+    case Parameter::shutterClosed:
+        return !isNucRunning() && set(parameter, value);
+    default:
+        return set(parameter, value);
+    }
+}
+
 std::uint32_t Device::regionValue(std::uint32_t region, Coordinate coordinate) const
 {
-    if (coordinate == Coordinate::X1 && region > 0 && !get<bool>(regionSwitch(region))) {
+    if (coordinate == Coordinate::x1 && region > 0 && !get<bool>(regionSwitch(region))) {
         return 0;
     }
     return get<std::uint32_t>(regionCoordinate(region, coordinate));
@@ -143,33 +160,17 @@ bool Device::setRegion(std::uint32_t region, Coordinate coordinate, std::uint32_
                        bool roi1Inclusive, bool roi0Exclusive, bool roi1Exclusive)
 {
     return set({{regionCoordinate(region, coordinate), value},
-                {Parameter::Roi1IncEnabled, roi1Inclusive},
-                {Parameter::Roi0ExcEnabled, roi0Exclusive},
-                {Parameter::Roi1ExcEnabled, roi1Exclusive}});
-}
-
-bool Device::setFrameRate(std::uint8_t hertz)
-{
-    if (!contains(frameRates, hertz) || (get<bool>(Parameter::NineHertz) && hertz != 9)) {
-        return false;
-    }
-    return set(Parameter::FrameRate, hertz);
-}
-
-bool Device::setMipiOutput(bool enable)
-{
-    if (enable && !get<bool>(Parameter::Mipi)) {
-        return false;
-    }
-    return set(Parameter::MipiOutput, enable);
+                {Parameter::roi1IncEnabled, roi1Inclusive},
+                {Parameter::roi0ExcEnabled, roi0Exclusive},
+                {Parameter::roi1ExcEnabled, roi1Exclusive}});
 }
 
 bool Device::setEdgeCorrection(std::uint8_t type, std::uint32_t gain, std::uint32_t threshold)
 {
-    return set({{Parameter::EdgeType, type},
-                {Parameter::EdgeGain, gain},
-                {Parameter::EdgeFirstThreshold, threshold},
-                {Parameter::EdgeSecondThreshold, double{1} * threshold + thresholdStep}});
+    return set({{Parameter::edgeType, type},
+                {Parameter::edgeGain, gain},
+                {Parameter::edgeFirstThreshold, threshold},
+                {Parameter::edgeSecondThreshold, double{1} * threshold + thresholdStep}});
 }
 
 bool Device::setBaudRate(std::uint32_t rate, bool permanent)
@@ -178,7 +179,7 @@ bool Device::setBaudRate(std::uint32_t rate, bool permanent)
         return false;
     }
     currentBaudRate = rate;
-    return !permanent || set(Parameter::BaudRate, rate);
+    return !permanent || set(Parameter::baudRate, rate);
 }
 
 bool Device::requestNuc(std::uint8_t automatic)
@@ -191,25 +192,44 @@ bool Device::requestNuc(std::uint8_t automatic)
     // for takes the shutter as it stands.
     shutterMovedByNuc = automatic == 1;
     if (shutterMovedByNuc) {
-        store(Parameter::ShutterClosed, 0);
+        store(Parameter::shutterClosed, 0);
     }
-    return set(Parameter::NucControl, 1);
+    return set(Parameter::nucControl, 1);
 }
 
-bool Device::setNucControl(std::uint8_t control)
+ombrix_sdk::Temperatures Device::temperatures() const
 {
-    return (control == nucOff || control == nucOn) &&
-           set(Parameter::NucControl, control == nucOn ? 1 : 0);
+    return {temperature(Parameter::sensorTemperature), temperature(Parameter::fpgaTemperature)};
 }
 
-bool Device::setShutter(bool closed)
+ombrix_sdk::OperatingTime Device::operatingTime() const
 {
-    return !isNucRunning() && set(Parameter::ShutterClosed, closed);
+    return {get<std::uint32_t>(Parameter::operatingMinutes),
+            get<std::uint32_t>(Parameter::startups)};
 }
 
-bool Device::isShutterClosed() const
+ombrix_sdk::Zoom Device::zoom() const
 {
-    return (isNucRunning() && shutterMovedByNuc) || get<bool>(Parameter::ShutterClosed);
+    return {get<float>(Parameter::zoomFactor), get<std::int32_t>(Parameter::zoomXCenter),
+            get<std::int32_t>(Parameter::zoomYCenter), get<std::uint8_t>(Parameter::zoomMethod)};
+}
+
+ombrix_sdk::ZoomResolution Device::zoomResolution() const
+{
+    return {get<std::uint32_t>(Parameter::zoomXResolution),
+            get<std::uint32_t>(Parameter::zoomYResolution)};
+}
+
+ombrix_sdk::AhcGainsLimitation Device::ahcGains() const
+{
+    return {get<std::uint8_t>(Parameter::ahcBlackGainLimit),
+            get<std::uint8_t>(Parameter::ahcWhiteGainLimit)};
+}
+
+std::uint8_t Device::shutterClosed() const
+{
+    const bool closedByNuc = isNucRunning() && shutterMovedByNuc;
+    return closedByNuc || get<bool>(Parameter::shutterClosed) ? 1 : 0;
 }
 
 bool Device::isNucRunning() const

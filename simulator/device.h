@@ -3,6 +3,7 @@
 // its shutter and its power.
 #pragma once
 
+#include "sdk/ombrix_sdk.h"
 #include "simulator/parameters.h"
 #include "simulator/settings.h"
 
@@ -49,16 +50,23 @@ public:
     /// Sets all of the parameters or none.
     bool set(std::initializer_list<std::pair<Parameter, double>> changes);
 
+    /// Does what a command of the program asks for. False, and nothing changes, when the camera
+    /// does not accept the value.
+    bool obey(Parameter parameter, double value);
+
     /// A region that is off answers 0 as its X1 and keeps its coordinates.
     [[nodiscard]] std::uint32_t regionValue(std::uint32_t region, Coordinate coordinate) const;
     bool setRegion(std::uint32_t region, Coordinate coordinate, std::uint32_t value,
                    bool roi1Inclusive, bool roi0Exclusive, bool roi1Exclusive);
-
-    /// 9 to 60 Hz; the 9 Hz variant runs at 9 Hz only.
-    bool setFrameRate(std::uint8_t hertz);
-    /// Only the MIPI variant has the output.
-    bool setMipiOutput(bool enable);
     bool setEdgeCorrection(std::uint8_t type, std::uint32_t gain, std::uint32_t threshold);
+
+    // What the getters of records answer.
+    [[nodiscard]] ombrix_sdk::Temperatures temperatures() const;
+    [[nodiscard]] ombrix_sdk::OperatingTime operatingTime() const;
+    [[nodiscard]] ombrix_sdk::Zoom zoom() const;
+    [[nodiscard]] ombrix_sdk::ZoomResolution zoomResolution() const;
+    [[nodiscard]] ombrix_sdk::AhcGainsLimitation ahcGains() const;
+    [[nodiscard]] std::uint8_t shutterClosed() const;
 
     [[nodiscard]] std::uint32_t baudRate() const { return currentBaudRate; }
     bool setBaudRate(std::uint32_t rate, bool permanent);
@@ -66,12 +74,7 @@ public:
     [[nodiscard]] const QByteArray& tableRegion() const { return table; }
     void writeTable(const QByteArray& region);
 
-    [[nodiscard]] float temperature(Parameter parameter) const;
-
     bool requestNuc(std::uint8_t automatic);
-    bool setNucControl(std::uint8_t control);
-    bool setShutter(bool closed);
-    [[nodiscard]] bool isShutterClosed() const;
 
 private:
     void store(Parameter parameter, double value)
@@ -79,6 +82,7 @@ private:
         values[static_cast<std::size_t>(parameter)] = value;
     }
     void count(Parameter parameter, double more);
+    [[nodiscard]] float temperature(Parameter parameter) const;
     void switchOn();
     /// Writes the values to the memory.
     void keep() const;

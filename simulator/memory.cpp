@@ -73,8 +73,8 @@ std::vector<Entry> keptEntries(const ParameterValues& values)
 
 std::vector<Entry> savedEntries(const ConfigurationValues& values)
 {
-    constexpr auto baudRate = static_cast<std::size_t>(Setting::BaudRate);
-    std::vector<Entry> entries = {{settingTable()[baudRate].field, values.settings[baudRate]}};
+    constexpr auto baudRate = static_cast<std::size_t>(Setting::baudRate);
+    std::vector<Entry> entries = {{settingTable()[baudRate], values.settings[baudRate]}};
     for (std::size_t row = 0; row < memberCount; ++row) {
         if (memberTable()[row].saved) {
             entries.push_back({memberTable()[row].field, double{1} * values.members[row]});
@@ -163,7 +163,7 @@ void Memory::loadConfiguration(ConfigurationValues& values)
         return;
     }
     auto entry = entries.cbegin();
-    values.settings[static_cast<std::size_t>(Setting::BaudRate)] = (entry++)->value;
+    values.settings[static_cast<std::size_t>(Setting::baudRate)] = (entry++)->value;
     for (std::size_t row = 0; row < memberCount; ++row) {
         if (memberTable()[row].saved) {
             values.members[row] = as<std::int32_t>((entry++)->value);

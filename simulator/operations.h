@@ -5,114 +5,35 @@
 
 #include <QtCore/QString>
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 namespace simulator {
 
 enum class Operation : std::size_t {
     // Of the SDK and the link.
-    GetCommunicationType,
-    SaveConfiguration,
-    OpenCamera,
-    // Of the camera.
-    Connect,
-    GetVersions,
-    Refresh,
-    GetRoiX1,
-    GetRoiX2,
-    GetRoiY1,
-    GetRoiY2,
-    GetSerialNumber,
-    GetSensorSerialNumber,
-    GetTemperatures,
-    GetOperatingTime,
-    GetGsk,
-    SetGsk,
-    SetGfid,
-    SetGms,
-    GetGfid,
-    GetGms,
-    GetTint,
-    SetTint,
-    GetBprCorrection,
-    SetBprCorrection,
-    GetOffsetCorrection,
-    SetOffsetCorrection,
-    GetGainCorrection,
-    SetGainCorrection,
-    GetHorizontalFlip,
-    SetHorizontalFlip,
-    GetVerticalFlip,
-    SetVerticalFlip,
-    GetVignettingCorrection,
-    SetVignettingCorrection,
-    GetColumnCorrection,
-    SetColumnCorrection,
-    SetTestPattern,
-    GetTestPattern,
-    SetBt656SdiOutput,
-    GetBt656SdiOutput,
-    SetParallelOutput,
-    GetParallelOutput,
-    SetMipiOutput,
-    GetMipiOutput,
-    SetFrameRate,
-    GetFrameRate,
-    SetVideoOutput,
-    GetVideoOutput,
-    SetBaudRate,
-    ConfigureEdgeCorrection,
-    GetEdgeCorrection,
-    ConfigureZoom,
-    GetZoom,
-    GetZoomResolution,
-    ConfigureZoomResolution,
-    GetContrastType,
-    ConfigureContrastType,
-    SetColorLut,
-    GetColorLut,
-    GetAhcGainsLimitation,
-    SetAhcGainsLimitation,
-    GetLutTemporalFilter,
-    SetLutTemporalFilter,
-    ReadTableData,
-    WriteTableData,
-    LoadBadPixelList,
-    AddBadPixels,
-    RemoveBadPixels,
-    GetGamma,
-    SetGamma,
-    GetClhe,
-    SetClhe,
-    GetPolarity,
-    SetPolarity,
-    SetRoiX1,
-    SetRoiX2,
-    SetRoiY1,
-    SetRoiY2,
-    RequestNuc,
-    SetNucControl,
-    GetNucControl,
-    SetShutterPosition,
-    GetShutterPosition,
-    Count
+    getCommunicationType,
+    saveConfiguration,
+    openCamera,
+#define CAMERA(Result, name, arguments) name,
+#include "sdk/operations.def"
+    count
 };
 
-constexpr Operation firstCameraOperation = Operation::Connect;
-constexpr std::size_t operationCount = static_cast<std::size_t>(Operation::Count);
+constexpr Operation firstCameraOperation = Operation::getVersions;
+constexpr std::size_t operationCount = static_cast<std::size_t>(Operation::count);
+
+/// Bytes of a request and of the answer to it, without their frames.
+struct Transfer {
+    int sent = 0;
+    int received = 0;
+};
 
 struct OperationFacts {
-    Operation operation;
     const char* name;
-    bool overTheLink; ///< needs the camera's answer; the others are the library's own work
-    int sent;         ///< bytes of the request without its frame
-    int received;     ///< bytes of the answer without its frame
+    std::optional<Transfer> transfer; ///< nothing: the library's own work, without the camera
 };
-
-/// The row of every operation, in the order of the enumeration.
-const std::array<OperationFacts, operationCount>& operationTable();
 
 const OperationFacts& factsOf(Operation operation);
 

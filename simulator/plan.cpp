@@ -32,9 +32,8 @@ bool matches(const QString& pattern, Operation operation)
 std::bitset<operationCount> matchingOperations(const QString& pattern)
 {
     std::bitset<operationCount> operations;
-    for (const OperationFacts& facts : operationTable()) {
-        operations.set(static_cast<std::size_t>(facts.operation),
-                       matches(pattern, facts.operation));
+    for (std::size_t number = 0; number < operationCount; ++number) {
+        operations.set(number, matches(pattern, static_cast<Operation>(number)));
     }
     return operations;
 }
@@ -76,11 +75,11 @@ std::optional<qint64> parseValue(const QString& text)
 /// Puts the value key of a section where its operations look for it; false when they cannot use it.
 bool takeValue(const QString& pattern, const QString& text, Verdict& verdict)
 {
-    if (pattern == nameOf(Operation::GetCommunicationType)) {
+    if (pattern == nameOf(Operation::getCommunicationType)) {
         verdict.word = text;
         return true;
     }
-    if (pattern == nameOf(Operation::LoadBadPixelList)) {
+    if (pattern == nameOf(Operation::loadBadPixelList)) {
         verdict.word = text;
         return isTreatmentFault(text);
     }

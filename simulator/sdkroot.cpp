@@ -29,10 +29,10 @@ ombrix_sdk::ISdkConfiguration* SdkRoot::getConfiguration()
 
 void SdkRoot::saveConfiguration()
 {
-    if (Simulator::instance().judge(Operation::SaveConfiguration).carryOut) {
+    if (Simulator::instance().judge(Operation::saveConfiguration).carryOut) {
         Simulator::instance().saveConfiguration();
     }
-    journalCall(nameOf(Operation::SaveConfiguration));
+    journalCall(nameOf(Operation::saveConfiguration));
 }
 
 ombrix_sdk::ISerialLink* SdkRoot::createSerialLink()

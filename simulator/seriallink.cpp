@@ -37,9 +37,9 @@ ombrix_sdk::ICamera* SerialLink::openCamera(const char* portName)
                                         : QStringLiteral("openCamera with a null pointer"));
         return nullptr;
     }
-    const Verdict verdict = simulator.judge(Operation::OpenCamera);
+    const Verdict verdict = simulator.judge(Operation::openCamera);
     Device* const device = simulator.deviceAt(QString::fromLocal8Bit(portName));
-    const bool reached = simulator.reach(device, baudRate, Operation::OpenCamera, verdict);
+    const bool reached = simulator.reach(device, baudRate, Operation::openCamera, verdict);
     const bool answers = reached && verdict.carryOut;
     if (answers) {
         cameras.push_back(std::make_unique<Camera>(*device, baudRate));
@@ -49,7 +49,7 @@ ombrix_sdk::ICamera* SerialLink::openCamera(const char* portName)
                 .arg(QString::fromLocal8Bit(portName), reasonOfSilence(device, baudRate)));
     }
     simulator.journal().write({.subject = linkSubject,
-                               .operation = nameOf(Operation::OpenCamera),
+                               .operation = nameOf(Operation::openCamera),
                                .arguments = {journalText(portName)},
                                .answer = answers ? cameras.back()->name() : QStringLiteral("null"),
                                .note = Simulator::noteOf(reached, verdict)});

@@ -40,7 +40,7 @@ QByteArray tableOf(const BadPixelMap& map)
 
 QByteArray factoryTable(const ParameterValues& values)
 {
-    const double serial = values[static_cast<std::size_t>(Parameter::SerialNumber)];
+    const double serial = values[static_cast<std::size_t>(Parameter::serialNumber)];
     return tableOf(factoryBadPixels(as<std::uint32_t>(serial)));
 }
 
@@ -109,7 +109,7 @@ void readConfiguration(IniFile& ini, ConfigurationValues& values)
     }
     for (std::size_t row = 0; row < settingCount; ++row) {
         values.settings[row] =
-            ini.numberOr(configurationSection, settingTable()[row].field, values.settings[row]);
+            ini.numberOr(configurationSection, settingTable()[row], values.settings[row]);
     }
     for (std::size_t row = 0; row < memberCount; ++row) {
         values.members[row] = as<std::int32_t>(
@@ -202,9 +202,9 @@ void readCameras(IniFile& ini, Settings& settings)
     for (const QString& section : sections) {
         CameraSettings camera = readCamera(ini, settings.file, section);
         const auto serial =
-            static_cast<qint64>(camera.values[static_cast<std::size_t>(Parameter::SerialNumber)]);
+            static_cast<qint64>(camera.values[static_cast<std::size_t>(Parameter::serialNumber)]);
         if (serials.contains(serial)) {
-            ini.addProblem(section, QLatin1String(factsOf(Parameter::SerialNumber).field.key),
+            ini.addProblem(section, QLatin1String(factsOf(Parameter::serialNumber).field.key),
                            QStringLiteral("another camera has the number %1; this one is left out")
                                .arg(serial));
             continue;

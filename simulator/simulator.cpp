@@ -56,7 +56,7 @@ void Simulator::load()
     for (const CameraSettings& camera : settings.cameras) {
         if (settings.factoryFresh) {
             memory.forgetCamera(as<std::uint32_t>(
-                camera.values[static_cast<std::size_t>(Parameter::SerialNumber)]));
+                camera.values[static_cast<std::size_t>(Parameter::serialNumber)]));
         }
         devices.push_back(
             std::make_unique<Device>(camera, Surroundings{timePiece, memory, settings.behaviour}));
@@ -85,7 +85,7 @@ void Simulator::introduce()
         logWriter.notice(
             QStringLiteral("[%1] serial number %2 on port %3")
                 .arg(camera.section)
-                .arg(camera.values[static_cast<std::size_t>(Parameter::SerialNumber)], 0, 'f', 0)
+                .arg(camera.values[static_cast<std::size_t>(Parameter::serialNumber)], 0, 'f', 0)
                 .arg(camera.ports.join(QStringLiteral(", "))));
     }
 }
@@ -151,7 +151,7 @@ bool Simulator::reach(Device* device, std::uint32_t linkBaudRate, Operation oper
             device->setHanging(true);
         }
     }
-    if (!factsOf(operation).overTheLink) {
+    if (!factsOf(operation).transfer) {
         return true;
     }
     if (device == nullptr || device->isHanging() || device->baudRate() != linkBaudRate) {

@@ -2,6 +2,7 @@
 // What the hostile SDK answers, by kind of result.
 #pragma once
 
+#include "sdk/ombrix_sdk.h"
 #include "tests/monkey/draw.h"
 
 #include <array>
@@ -24,13 +25,16 @@ inline std::uint8_t flag()
     return kind < 8 ? std::uint8_t{0} : static_cast<std::uint8_t>(draw().bits());
 }
 
-inline std::uint8_t byte()
+/// Anything that the type can hold, what is odd more often than chance has it.
+template<typename Type> Type any();
+
+template<> inline std::uint8_t any()
 {
     return static_cast<std::uint8_t>(draw().oneIn(2) ? draw().below(10) : draw().bits());
 }
 
 /// Any 32 bits; small values, every magnitude and the ends of the range all come often.
-inline std::uint32_t word()
+template<> inline std::uint32_t any()
 {
     static constexpr std::array<std::uint32_t, 8> ends = {
         0, 1, 0x7FFFFFFE, 0x7FFFFFFF, 0x80000000, 0x80000001, 0xFFFFFFFE, 0xFFFFFFFF};
@@ -44,9 +48,9 @@ inline std::uint32_t word()
     }
 }
 
-inline std::int32_t number()
+template<> inline std::int32_t any()
 {
-    return std::bit_cast<std::int32_t>(word());
+    return std::bit_cast<std::int32_t>(any<std::uint32_t>());
 }
 
 /// Any bit pattern of the type, the special ones more often than chance has it.
@@ -63,18 +67,48 @@ template<typename Real, typename Bits> Real real()
     case 1:
         return std::bit_cast<Real>(static_cast<Bits>(draw().bits()));
     default:
-        return static_cast<Real>(number()) / 16;
+        return static_cast<Real>(any<std::int32_t>()) / 16;
     }
 }
 
-inline float shortReal()
+template<> inline float any()
 {
     return real<float, std::uint32_t>();
 }
 
-inline double longReal()
+template<> inline double any()
 {
     return real<double, std::uint64_t>();
+}
+
+template<> inline ombrix_sdk::Temperatures any()
+{
+    return {any<float>(), any<float>()};
+}
+
+template<> inline ombrix_sdk::OperatingTime any()
+{
+    return {any<std::uint32_t>(), any<std::uint32_t>()};
+}
+
+template<> inline ombrix_sdk::EdgeCorrection any()
+{
+    return {any<std::uint8_t>(), any<std::uint32_t>(), any<std::uint32_t>(), any<std::uint32_t>()};
+}
+
+template<> inline ombrix_sdk::Zoom any()
+{
+    return {any<float>(), any<std::int32_t>(), any<std::int32_t>(), any<std::uint8_t>()};
+}
+
+template<> inline ombrix_sdk::ZoomResolution any()
+{
+    return {any<std::uint32_t>(), any<std::uint32_t>()};
+}
+
+template<> inline ombrix_sdk::AhcGainsLimitation any()
+{
+    return {any<std::uint8_t>(), any<std::uint8_t>()};
 }
 
 /// Fills a record or a byte, or leaves it as the caller prepared it.

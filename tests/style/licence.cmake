@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # Fails and names the sources that do not begin with their licence.
-set(patterns *.cpp *.h *.h.in *.cmake CMakeLists.txt *.py *.sh *.js *.css)
+set(patterns *.cpp *.h *.h.in *.def *.cmake CMakeLists.txt *.py *.sh *.js *.css)
 set(sources)
 foreach(folder IN ITEMS . app ui sdk link params bpr ctl simulator tour tests cmake scripts packaging bench)
     foreach(pattern IN LISTS patterns)
