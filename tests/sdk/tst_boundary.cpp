@@ -302,6 +302,11 @@ const Slot loggerSlots[] = {
 };
 // clang-format on
 
+constexpr const char* listedOperations[] = {
+#define OPERATION(Interface, Result, name, arguments) #Interface " " #name,
+#include "sdk/operations.def"
+};
+
 struct Member {
     const char* name;
     std::int32_t ISdkConfiguration::*member;
@@ -345,6 +350,22 @@ private Q_SLOTS:
         QFETCH(int, actual);
         QFETCH(int, expected);
         QCOMPARE(actual, expected);
+    }
+
+    void theListOfOperationsIsTheBoundarys()
+    {
+        QStringList listed;
+        for (const char* const operation : listedOperations) {
+            listed << QLatin1String(operation);
+        }
+        QStringList pinned;
+        append(pinned, "IOmbrixSdk", rootSlots);
+        append(pinned, "ISdkConfiguration", configurationSlots);
+        append(pinned, "ISerialLink", linkSlots);
+        append(pinned, "ICamera", cameraSlots);
+        QCOMPARE(missing(pinned, listed), QString());
+        QCOMPARE(missing(listed, pinned), QString());
+        QCOMPARE(listed.size(), pinned.size());
     }
 
     void everyDataMemberOfTheConfigurationHasItsPlace_data()
@@ -408,6 +429,27 @@ private Q_SLOTS:
     }
 
 private:
+    /// What is in one list and not in the other.
+    static QString missing(const QStringList& here, const QStringList& whole)
+    {
+        QStringList names;
+        for (const QString& name : whole) {
+            if (!here.contains(name)) {
+                names << name;
+            }
+        }
+        return names.join(QStringLiteral(", "));
+    }
+
+    template<std::size_t Count>
+    static void append(QStringList& names, const char* interfaceName, const Slot (&rows)[Count])
+    {
+        for (const Slot& row : rows) {
+            names << QStringLiteral("%1 %2").arg(QLatin1String(interfaceName),
+                                                 QLatin1String(row.operation));
+        }
+    }
+
     template<std::size_t Count>
     static void addSlots(const char* interfaceName, const Slot (&rows)[Count])
     {

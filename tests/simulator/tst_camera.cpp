@@ -48,25 +48,26 @@ QVector<Value> values()
         number("gfid", &ICamera::getGfid, &ICamera::setGfid, {0, 7, 4095}, {4096, most}),
         number("gms", &ICamera::getGms, &ICamera::setGms, {0, 7, 4095}, {4096, most}),
         number("tint", &ICamera::getTint, &ICamera::setTint, {0, 7, 4095}, {4096, most}),
-        toggle("bpr correction", &ICamera::getBprCorrection, &ICamera::setBprCorrection),
-        toggle("offset correction", &ICamera::getOffsetCorrection, &ICamera::setOffsetCorrection),
-        toggle("gain correction", &ICamera::getGainCorrection, &ICamera::setGainCorrection),
-        toggle("horizontal flip", &ICamera::getHorizontalFlip, &ICamera::setHorizontalFlip),
-        toggle("vertical flip", &ICamera::getVerticalFlip, &ICamera::setVerticalFlip),
-        toggle("vignetting", &ICamera::getVignettingCorrection, &ICamera::setVignettingCorrection),
-        toggle("column", &ICamera::getColumnCorrection, &ICamera::setColumnCorrection),
-        toggle("test pattern", &ICamera::getTestPattern, &ICamera::setTestPattern),
-        toggle("bt656/sdi output", &ICamera::getBt656SdiOutput, &ICamera::setBt656SdiOutput),
-        toggle("parallel output", &ICamera::getParallelOutput, &ICamera::setParallelOutput),
-        toggle("mipi output", &ICamera::getMipiOutput, &ICamera::setMipiOutput),
-        number("frame rate", &ICamera::getFrameRate, &ICamera::setFrameRate, {9, 25, 30, 50, 60},
+        toggle("bprCorrection", &ICamera::getBprCorrection, &ICamera::setBprCorrection),
+        toggle("offsetCorrection", &ICamera::getOffsetCorrection, &ICamera::setOffsetCorrection),
+        toggle("gainCorrection", &ICamera::getGainCorrection, &ICamera::setGainCorrection),
+        toggle("horizontalFlip", &ICamera::getHorizontalFlip, &ICamera::setHorizontalFlip),
+        toggle("verticalFlip", &ICamera::getVerticalFlip, &ICamera::setVerticalFlip),
+        toggle("vignettingCorrection", &ICamera::getVignettingCorrection,
+               &ICamera::setVignettingCorrection),
+        toggle("columnCorrection", &ICamera::getColumnCorrection, &ICamera::setColumnCorrection),
+        toggle("testPattern", &ICamera::getTestPattern, &ICamera::setTestPattern),
+        toggle("bt656SdiOutput", &ICamera::getBt656SdiOutput, &ICamera::setBt656SdiOutput),
+        toggle("parallelOutput", &ICamera::getParallelOutput, &ICamera::setParallelOutput),
+        toggle("mipiOutput", &ICamera::getMipiOutput, &ICamera::setMipiOutput),
+        number("frameRate", &ICamera::getFrameRate, &ICamera::setFrameRate, {9, 25, 30, 50, 60},
                {0, 10, 24, 61, 255}),
-        number("video output", &ICamera::getVideoOutput, &ICamera::setVideoOutput, {0, 6, 8},
+        number("videoOutput", &ICamera::getVideoOutput, &ICamera::setVideoOutput, {0, 6, 8},
                {9, 255}),
-        number("contrast type", &ICamera::getContrastType, &ICamera::configureContrastType, {1, 0},
+        number("contrastType", &ICamera::getContrastType, &ICamera::configureContrastType, {1, 0},
                {2, 255}),
-        number("color lut", &ICamera::getColorLut, &ICamera::setColorLut, {7, 0}, {8, 255}),
-        number("temporal filter", &ICamera::getLutTemporalFilter, &ICamera::setLutTemporalFilter,
+        number("colorLut", &ICamera::getColorLut, &ICamera::setColorLut, {7, 0}, {8, 255}),
+        number("lutTemporalFilter", &ICamera::getLutTemporalFilter, &ICamera::setLutTemporalFilter,
                {8, 0}, {9, 255}),
         number("gamma", &ICamera::getGamma, &ICamera::setGamma, {32768, 144179, 163840},
                {32767, 163841, most}),
@@ -74,6 +75,12 @@ QVector<Value> values()
         toggle("polarity", &ICamera::getPolarity, &ICamera::setPolarity),
     };
 }
+
+/// Every value that the program can set by itself.
+constexpr const char* listedValues[] = {
+#define SET(Type, name, value) #value,
+#include "sdk/operations.def"
+};
 
 using GetCoordinate = quint32 (ICamera::*)(quint32);
 using SetCoordinate = Flag (ICamera::*)(quint32, quint32, bool, bool, bool);
@@ -114,6 +121,19 @@ private Q_SLOTS:
         QCOMPARE(temperatures.sensor, 304500.0F);
         QCOMPARE(temperatures.fpga, 318250.0F);
         QVERIFY(scene.newLog().isEmpty());
+    }
+
+    void everyValueThatCanBeSetIsTried()
+    {
+        // The NUC and the shutter have tests of their own below.
+        QStringList tried = {QStringLiteral("nucControl"), QStringLiteral("shutterClosed")};
+        const QVector<Value> all = values();
+        for (const Value& value : all) {
+            tried << QLatin1String(value.name);
+        }
+        for (const char* const value : listedValues) {
+            QVERIFY2(tried.contains(QLatin1String(value)), value);
+        }
     }
 
     void aValueIsReadAsItWasSet_data() { valueRows(); }

@@ -16,6 +16,15 @@ using scene::Scene;
 
 namespace {
 
+/// Every key of a camera and of the configuration that holds a number.
+constexpr const char* listedKeys[] = {
+#define PARAMETER(key, kind, initial, lowest, highest, retention) #key,
+#include "simulator/parameters.def"
+#define KEY(setting, key, kind, initial) #key,
+#define MEMBER(key, initial, saved) #key,
+#include "simulator/configuration.def"
+};
+
 QByteArray line(const char* section, const char* key, const QByteArray& value)
 {
     return QByteArray("[") + section + "]\n" + key + '=' + value + '\n';
@@ -38,6 +47,14 @@ class TestSettings : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void everyKeyThatHoldsANumberIsTried()
+    {
+        const QSet<QString> tried = everyKey();
+        for (const char* const key : listedKeys) {
+            QVERIFY2(tried.contains(QLatin1String(key)), key);
+        }
+    }
+
     void aKeyReachesTheProgram_data() { keyRows(); }
 
     void aKeyReachesTheProgram()
