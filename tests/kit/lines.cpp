@@ -51,6 +51,17 @@ Lines lines(std::initializer_list<const char*> texts)
     return list;
 }
 
+Lines block(const char* text)
+{
+    QStringList list;
+    for (const QString& line : QString::fromUtf8(text).split(QLatin1Char('\n'))) {
+        if (!line.trimmed().isEmpty()) {
+            list.append(line.trimmed());
+        }
+    }
+    return list;
+}
+
 QString difference(const QStringList& actual, const QStringList& expected)
 {
     const auto parted =

@@ -18,6 +18,8 @@ public:
 
 /// Expected calls or log lines.
 Lines lines(std::initializer_list<const char*> texts);
+/// The same, one a line, without the white space around them and without empty ones.
+Lines block(const char* text);
 
 /// A row of test data takes them as the plain list that its column holds.
 inline QTestData& operator<<(QTestData& row, const Lines& lines)

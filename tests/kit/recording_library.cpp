@@ -169,15 +169,24 @@ void Library::reset()
     programmes.clear();
     everyFlag.reset();
     recordAction = nullptr;
+    entryAction = nullptr;
+}
+
+void Library::addEntry(Entry entry)
+{
+    if (const auto action = entryAction) {
+        action(entry);
+    }
+    entries.push_back(std::move(entry));
+    if (journal != nullptr) {
+        *journal << entries.back().text() << std::endl;
+    }
 }
 
 void Library::enterCall(std::string_view operation, int object, std::string arguments)
 {
     operationNamed(operation);
-    entries.push_back({std::string(operation), std::move(arguments), object});
-    if (journal != nullptr) {
-        *journal << entries.back().text() << std::endl;
-    }
+    addEntry({std::string(operation), std::move(arguments), object});
     auto& programme = programmes[std::string(operation)];
     ++programme.called;
     if (const auto action = programme.action) {
@@ -212,10 +221,7 @@ bool Library::outputWithheld(std::string_view operation) const
 
 void Library::writeRecord(LogRecord record)
 {
-    entries.push_back({"log", record.text, record.severity});
-    if (journal != nullptr) {
-        *journal << entries.back().text() << std::endl;
-    }
+    addEntry({"log", record.text, record.severity});
     records.push_back(std::move(record));
     if (const auto action = recordAction) {
         action();
@@ -337,6 +343,11 @@ void Sdk::whenCalled(std::string_view operation, std::function<void()> action)
 void Sdk::whenLogged(std::function<void()> action)
 {
     library->recordAction = std::move(action);
+}
+
+void Sdk::whenNoted(std::function<void(const Entry&)> action)
+{
+    library->entryAction = std::move(action);
 }
 
 std::vector<std::string> Sdk::calls(Show show) const

@@ -103,8 +103,10 @@ public:
     std::map<std::string, Programme, std::less<>> programmes;
     std::optional<double> everyFlag;
     std::function<void()> recordAction;
+    std::function<void(const Entry&)> entryAction;
 
 private:
+    void addEntry(Entry entry);
     void enterCall(std::string_view operation, int object, std::string arguments);
     std::optional<double> answerFor(std::string_view operation) const;
     void readScript(const char* path);

@@ -169,6 +169,9 @@ public:
     /// Runs action when a log record has been emitted.
     void whenLogged(std::function<void()> action);
 
+    /// Runs action at every call and log record, just before it is written down.
+    void whenNoted(std::function<void(const Entry&)> action);
+
     /// The calls in order, as "camera.setGamma(144179)".
     [[nodiscard]] std::vector<std::string> calls(Show show = Show::Commands) const;
     /// How often the operation was called.

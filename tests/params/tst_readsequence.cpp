@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The read as a whole: what the camera is asked, what is sent back to it and what is logged, in
 // order; and the reads that end early.
-#include "tests/kit/operator.h"
+#include "tests/kit/sequence.h"
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QComboBox>
@@ -12,15 +12,6 @@
 #include <locale>
 
 namespace {
-
-/// Calls and log records from the first line of the read to its last.
-QStringList readSequence(kit::Operator& user)
-{
-    const QStringList texts = user.journal();
-    const auto start = texts.indexOf(QStringLiteral("log 2: Start reading camera parameters"));
-    const auto end = texts.indexOf(QStringLiteral("log 2: End reading camera parameters"));
-    return start < 0 || end < start ? texts : QStringList(texts.mid(start, end - start + 1));
-}
 
 /// A camera of which every value differs from every other and from what the form starts with.
 recording::CameraState busyCamera()
@@ -69,114 +60,179 @@ private Q_SLOTS:
         kit::Operator user;
         user.connectCamera();
         user.sdk.camera = busyCamera();
+        kit::Sequence sequence(user);
         user.click("readParamButtonUser");
         // What stands in a combo box is sent back from within the change of its index, so that line
-        // comes before the line of the read.
-        QCOMPARE(readSequence(user).join(QLatin1Char('|')),
-                 kit::lines(
-                     {
-                         "log 2: Start reading camera parameters",
-                         "camera.getVersions()",
-                         "camera.refresh()",
-                         "log 2: RISC-V version = 1.2.3\nFPGA version = 2.0.4 MIPI 9Hz",
-                         "camera.getSerialNumber()",
-                         "log 2: Serial number = 123456789",
-                         "camera.getSensorSerialNumber()",
-                         "log 2: Sensor serial number = 4294967295",
-                         "camera.getOperatingTime()",
-                         "log 2: Operating time = 1234567 min",
-                         "log 2: Startup number = 89012",
-                         "camera.getVignettingCorrection()",
-                         "log 2: Vignetting Correction state = Enabled",
-                         "camera.getColumnCorrection()",
-                         "log 2: Column Correction state = Disabled",
-                         "camera.getNucControl()",
-                         "log 2: NUC state = Activated",
-                         "camera.getTestPattern()",
-                         "log 2: Test pattern value = Enabled",
-                         "camera.getBt656SdiOutput()",
-                         "log 2: BT656/SDI output value = Disabled",
-                         "camera.getParallelOutput()",
-                         "log 2: Parallel output value = Enabled",
-                         "camera.getMipiOutput()",
-                         "log 2: MIPI output value = Disabled",
-                         "camera.getVideoOutput()",
-                         "camera.setVideoOutput(8)",
-                         "log 2: Set VIDEO OUTPUT value OK",
-                         "log 2: Video output = BT656",
-                         "camera.getFrameRate()",
-                         "camera.getFrameRate()",
-                         "log 2: Frame rate = 60Hz",
-                         "camera.getPolarity()",
-                         "log 2: Polarity value = 1",
-                         "camera.getGamma()",
-                         "log 2: Gamma value = 2.2",
-                         "camera.getRoiX1(0)",
-                         "camera.getRoiY1(0)",
-                         "camera.getRoiX2(0)",
-                         "camera.getRoiY2(0)",
-                         "camera.getRoiX1(1)",
-                         "camera.getRoiY1(1)",
-                         "camera.getRoiX2(1)",
-                         "camera.getRoiY2(1)",
-                         "camera.getRoiX1(2)",
-                         "camera.getRoiY1(2)",
-                         "camera.getRoiX2(2)",
-                         "camera.getRoiY2(2)",
-                         "camera.getRoiX1(3)",
-                         "camera.getRoiY1(3)",
-                         "camera.getRoiX2(3)",
-                         "camera.getRoiY2(3)",
-                         "log 2: ROI0 inclusive X1 value = 11",
-                         "log 2: ROI0 inclusive Y1 value = 12",
-                         "log 2: ROI0 inclusive X2 value = 611",
-                         "log 2: ROI0 inclusive Y2 value = 412",
-                         "log 2: ROI0 exclusive X1 value = 21",
-                         "log 2: ROI0 exclusive Y1 value = 22",
-                         "log 2: ROI0 exclusive X2 value = 521",
-                         "log 2: ROI0 exclusive Y2 value = 322",
-                         "log 2: ROI1 inclusive X1 value = 0",
-                         "log 2: ROI1 inclusive Y1 value = 32",
-                         "log 2: ROI1 inclusive X2 value = 431",
-                         "log 2: ROI1 inclusive Y2 value = 232",
-                         "log 2: ROI1 exclusive X1 value = 41",
-                         "log 2: ROI1 exclusive Y1 value = 42",
-                         "log 2: ROI1 exclusive X2 value = 341",
-                         "log 2: ROI1 exclusive Y2 value = 142",
-                         "camera.getClhe()",
-                         "log 2: CLHE value = 4321",
-                         "camera.getColorLut()",
-                         "camera.setColorLut(3)",
-                         "log 2: Set COLOR LUT value OK",
-                         "log 2: Color Lut = RAINBOW",
-                         "camera.getContrastType()",
-                         "camera.configureContrastType(1)",
-                         "log 2: Configure contrast type OK",
-                         "log 2: Contrast type = CLAHE (LOCAL)",
-                         "camera.getLutTemporalFilter()",
-                         "log 2: LUT temporal filter = 5",
-                         "camera.getAhcGainsLimitation()",
-                         "log 2: AHC black gain limitation = 61",
-                         "log 2: AHC white gain limitation = 72",
-                         "camera.getTemperatures()",
-                         "camera.getZoom()",
-                         "log 2: ZOOM factor value = 2.5",
-                         "camera.getZoomResolution()",
-                         "log 2: X zoom resolution = 800",
-                         "log 2: Y zoom resolution = 600",
-                         "camera.getHorizontalFlip()",
-                         "log 2: Horizontal flip value = 1",
-                         "camera.getEdgeCorrection()",
-                         // with the gain and the threshold that stood in the boxes before the read
-                         "camera.configureEdgeCorrection(2, 10, 20)",
-                         "log 2: Configure EDGE CORRECTION OK",
-                         "camera.getShutterPosition()",
-                         "log 2: Shutter closed",
-                         "log 2: Correction type = 2\nCorrection gain = 33\n"
-                         "First threshold = 4294967286\nSecond threshold = 30",
-                         "log 2: End reading camera parameters",
-                     })
-                     .join(QLatin1Char('|')));
+        // comes before the line of the read; an edge correction takes along the gain and the
+        // threshold that stood in the spin boxes before the read.
+        QCOMPARE(sequence.take(), kit::block(R"(
+            log 2: Start reading camera parameters
+            camera.getVersions()
+            camera.refresh()
+            log 2: RISC-V version = 1.2.3 / FPGA version = 2.0.4 MIPI 9Hz
+            camera.getSerialNumber()
+            log 2: Serial number = 123456789
+            camera.getSensorSerialNumber()
+            log 2: Sensor serial number = 4294967295
+            camera.getOperatingTime()
+            log 2: Operating time = 1234567 min
+            log 2: Startup number = 89012
+            camera.getVignettingCorrection()
+            VignettingCorrectionButton checked true
+            VignettingCorrectionButton text Vignetting Correction: Activated
+            log 2: Vignetting Correction state = Enabled
+            camera.getColumnCorrection()
+            log 2: Column Correction state = Disabled
+            camera.getNucControl()
+            nucEnablingButton checked true
+            nucEnablingButton text NUC: Activated
+            log 2: NUC state = Activated
+            camera.getTestPattern()
+            TestPatternButton checked true
+            TestPatternButton text Test Pattern: Activated
+            log 2: Test pattern value = Enabled
+            camera.getBt656SdiOutput()
+            log 2: BT656/SDI output value = Disabled
+            camera.getParallelOutput()
+            parallelOutputButton checked true
+            parallelOutputButton text Parallel Output: Activated
+            log 2: Parallel output value = Enabled
+            camera.getMipiOutput()
+            log 2: MIPI output value = Disabled
+            camera.getVideoOutput()
+            VideoOutputCB currentIndex 8
+            camera.setVideoOutput(8)
+            log 2: Set VIDEO OUTPUT value OK
+            log 2: Video output = BT656
+            camera.getFrameRate()
+            frameRateCB currentIndex 4
+            camera.getFrameRate()
+            log 2: Frame rate = 60Hz
+            camera.getPolarity()
+            polarityButton checked true
+            polarityButton text Invert Polarity: Activated
+            log 2: Polarity value = 1
+            camera.getGamma()
+            gammaSlider value 17
+            gammaEdit value 2.2
+            log 2: Gamma value = 2.2
+            camera.getRoiX1(0)
+            camera.getRoiY1(0)
+            camera.getRoiX2(0)
+            camera.getRoiY2(0)
+            camera.getRoiX1(1)
+            camera.getRoiY1(1)
+            camera.getRoiX2(1)
+            camera.getRoiY2(1)
+            camera.getRoiX1(2)
+            camera.getRoiY1(2)
+            camera.getRoiX2(2)
+            camera.getRoiY2(2)
+            camera.getRoiX1(3)
+            camera.getRoiY1(3)
+            camera.getRoiX2(3)
+            camera.getRoiY2(3)
+            Roi0IncX1 value 11
+            log 2: ROI0 inclusive X1 value = 11
+            Roi0IncY1 value 12
+            log 2: ROI0 inclusive Y1 value = 12
+            Roi0IncX2 value 611
+            log 2: ROI0 inclusive X2 value = 611
+            Roi0IncY2 value 412
+            log 2: ROI0 inclusive Y2 value = 412
+            Roi0ExcX1 enabled true
+            roi0ExcEnable checked true
+            Roi0ExcX2 enabled true
+            Roi0ExcY1 enabled true
+            Roi0ExcY2 enabled true
+            Roi0ExcX1 value 21
+            log 2: ROI0 exclusive X1 value = 21
+            Roi0ExcY1 value 22
+            log 2: ROI0 exclusive Y1 value = 22
+            Roi0ExcX2 value 521
+            log 2: ROI0 exclusive X2 value = 521
+            Roi0ExcY2 value 322
+            log 2: ROI0 exclusive Y2 value = 322
+            log 2: ROI1 inclusive X1 value = 0
+            Roi1IncY1 value 32
+            log 2: ROI1 inclusive Y1 value = 32
+            Roi1IncX2 value 431
+            log 2: ROI1 inclusive X2 value = 431
+            Roi1IncY2 value 232
+            log 2: ROI1 inclusive Y2 value = 232
+            Roi1ExcX1 enabled true
+            roi1ExcEnable checked true
+            Roi1ExcX2 enabled true
+            Roi1ExcY1 enabled true
+            Roi1ExcY2 enabled true
+            Roi1ExcX1 value 41
+            log 2: ROI1 exclusive X1 value = 41
+            Roi1ExcY1 value 42
+            log 2: ROI1 exclusive Y1 value = 42
+            Roi1ExcX2 value 341
+            log 2: ROI1 exclusive X2 value = 341
+            Roi1ExcY2 value 142
+            log 2: ROI1 exclusive Y2 value = 142
+            camera.getClhe()
+            clheSlider value 4321
+            clheEdit value 4321
+            log 2: CLHE value = 4321
+            camera.getColorLut()
+            lutColorEdit currentIndex 3
+            camera.setColorLut(3)
+            log 2: Set COLOR LUT value OK
+            log 2: Color Lut = RAINBOW
+            camera.getContrastType()
+            contrastTypeEdit currentIndex 1
+            camera.configureContrastType(1)
+            log 2: Configure contrast type OK
+            log 2: Contrast type = CLAHE (LOCAL)
+            camera.getLutTemporalFilter()
+            TempoFilterSpin value 5
+            TempoFilterSlider value 5
+            log 2: LUT temporal filter = 5
+            camera.getAhcGainsLimitation()
+            AhcBlackGainLimSpin value 61
+            AhcBlackGainLimSlider value 61
+            AhcWhiteGainLimSpin value 72
+            AhcWhiteGainLimSlider value 72
+            log 2: AHC black gain limitation = 61
+            log 2: AHC white gain limitation = 72
+            camera.getTemperatures()
+            FpgaTempTextEdit text
+            FpgaTempTextEdit text 37.5 C
+            SensorTempTextEdit text
+            SensorTempTextEdit text 25 C
+            camera.getZoom()
+            factorZoomEdit value 2.5
+            methodZoomEdit currentIndex 1
+            xCenterZoomEdit value 101
+            yCenterZoomEdit value 202
+            log 2: ZOOM factor value = 2.5
+            camera.getZoomResolution()
+            xResolutionZoomEdit value 800
+            log 2: X zoom resolution = 800
+            yResolutionZoomEdit value 600
+            log 2: Y zoom resolution = 600
+            camera.getHorizontalFlip()
+            horizontalFlipButton checked true
+            horizontalFlipButton text Horizontal Flip: Activated
+            log 2: Horizontal flip value = 1
+            camera.getEdgeCorrection()
+            EdgeCorrectionCB currentIndex 2
+            camera.configureEdgeCorrection(2, 10, 20)
+            log 2: Configure EDGE CORRECTION OK
+            sharpeningGainSlider value 330
+            sharpeningGainEdit value 33
+            SharpeningTHSlider value 440
+            SharpeningTHEdit value 44
+            camera.getShutterPosition()
+            shutterCtrlPB checked true
+            shutterCtrlPB text Shutter closed
+            log 2: Shutter closed
+            log 2: Correction type = 2 / Correction gain = 33 / First threshold = 4294967286 / Second threshold = 30
+            log 2: End reading camera parameters
+        )"));
     }
 
     void thePaneShowsTheLinesThatTheSdkLogGets()

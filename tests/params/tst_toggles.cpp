@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The buttons that switch one feature of the camera on and off.
-#include "tests/kit/operator.h"
+#include "tests/kit/sequence.h"
 
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
@@ -119,14 +119,18 @@ private Q_SLOTS:
         QFETCH(bool, on);
         kit::Operator user;
         connectBefore(user, *toggle, on);
+        const QString button = QLatin1String(toggle->button);
         QCOMPARE(user.text(toggle->button),
                  QLatin1String(on ? toggle->captionOff : toggle->captionOn));
+        kit::Sequence sequence(user);
         user.click(toggle->button);
-        QCOMPARE(user.calls(), line(on ? toggle->callOn : toggle->callOff));
-        QCOMPARE(user.newLog(), line(toggle->ok));
-        QCOMPARE(user.checked(toggle->button), on);
-        QCOMPARE(user.text(toggle->button),
-                 QLatin1String(on ? toggle->captionOn : toggle->captionOff));
+        QCOMPARE(sequence.take(),
+                 (QStringList{button + (on ? QStringLiteral(" checked true")
+                                           : QStringLiteral(" checked false")),
+                              QLatin1String(on ? toggle->callOn : toggle->callOff),
+                              button + QStringLiteral(" text ") +
+                                  QLatin1String(on ? toggle->captionOn : toggle->captionOff),
+                              QStringLiteral("log 2: ") + QLatin1String(toggle->ok)}));
     }
 
     void everyClickFirstFetchesTheLibrarysRoot_data() { everyToggleBothWays(); }
@@ -150,12 +154,14 @@ private Q_SLOTS:
         kit::Operator user;
         connectBefore(user, *toggle, on);
         user.sdk.answer(toggle->operation, 0);
+        kit::Sequence sequence(user);
         user.click(toggle->button);
-        QCOMPARE(user.calls(), line(on ? toggle->callOn : toggle->callOff));
-        QCOMPARE(user.newLog(), line(toggle->ko));
-        QCOMPARE(user.checked(toggle->button), on);
-        QCOMPARE(user.text(toggle->button),
-                 QLatin1String(on ? toggle->captionOff : toggle->captionOn));
+        QCOMPARE(
+            sequence.take(),
+            (QStringList{QLatin1String(toggle->button) + (on ? QStringLiteral(" checked true")
+                                                             : QStringLiteral(" checked false")),
+                         QLatin1String(on ? toggle->callOn : toggle->callOff),
+                         QStringLiteral("log 2: ") + QLatin1String(toggle->ko)}));
     }
 
     void afterARefusalTheNextReadBringsMarkAndCaptionTogether_data() { everyToggleBothWays(); }
