@@ -4,6 +4,11 @@
 # (-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON).
 include_guard()
 
+# Programs are compiled as libraries are, which some releases of the toolkit ask for anyway: so they
+# can share the headers.
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_COMPILE_OPTIONS_PIE ${CMAKE_CXX_COMPILE_OPTIONS_PIC})
+
 # tavrel_precompile(NAME LIBRARY "OPTION..." HEADER...): a set of headers, compiled as its users are:
 # those link at least this library, and have the same options of optimisation.
 function(tavrel_precompile name library options)
