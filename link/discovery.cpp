@@ -4,6 +4,8 @@
 
 #include <QtWidgets/QMessageBox>
 
+#include <utility>
+
 void MainWindow::scanDevice()
 {
     availablePorts = QSerialPortInfo::availablePorts();
@@ -14,7 +16,7 @@ void MainWindow::scanDevice()
                              QMessageBox::Ok);
         return;
     }
-    for (const QSerialPortInfo& port : qAsConst(availablePorts)) {
+    for (const QSerialPortInfo& port : std::as_const(availablePorts)) {
         ui->selectDeviceComboBox->addItem(port.portName());
     }
     ui->connectDeviceButton->setEnabled(true);

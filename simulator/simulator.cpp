@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/simulator.h"
 
+#include <utility>
+
 namespace simulator {
 namespace {
 
@@ -32,7 +34,7 @@ void Simulator::load()
 {
     settings = Settings::load();
     logWriter.setFile(settings.logFile);
-    for (const QString& problem : qAsConst(settings.problems)) {
+    for (const QString& problem : std::as_const(settings.problems)) {
         logWriter.problem(problem);
     }
     if (const QString reason = journalWriter.setFile(settings.journalFile); !reason.isEmpty()) {

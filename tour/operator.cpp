@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <thread>
+#include <utility>
 
 namespace tour {
 
@@ -46,7 +47,7 @@ void Operator::step(const Text& title, const std::function<void()>& actions)
     try {
         actions();
         collectLog();
-        for (const QString& line : qAsConst(report.step().log)) {
+        for (const QString& line : std::as_const(report.step().log)) {
             if (line.endsWith(QLatin1String(" KO")) && !refusals.contains(line)) {
                 throw Failure(QStringLiteral("unexpected: ") + line);
             }

@@ -5,6 +5,7 @@
 #include <QtCore/QVector>
 
 #include <algorithm>
+#include <utility>
 
 namespace tour {
 
@@ -68,7 +69,7 @@ QImage withPalette(const QImage& picture)
 
     QVector<QRgb> palette;
     QHash<QRgb, int> indexes;
-    for (const QRgb group : qAsConst(byFrequency)) {
+    for (const QRgb group : std::as_const(byFrequency)) {
         const QRgb colour = groups[group].average();
         if (palette.size() < paletteSize) {
             indexes[group] = static_cast<int>(palette.size());

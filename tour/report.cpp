@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <iomanip>
 #include <iostream>
+#include <utility>
 
 namespace tour {
 
@@ -54,7 +55,7 @@ void Report::endStep()
     }
     QFile log(path(QStringLiteral("event-log.txt")));
     if (log.open(QIODevice::WriteOnly | QIODevice::Append)) {
-        for (const QString& line : qAsConst(step().log)) {
+        for (const QString& line : std::as_const(step().log)) {
             log.write(line.toUtf8() + '\n');
         }
     }

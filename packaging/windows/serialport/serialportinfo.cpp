@@ -12,6 +12,7 @@
 #include <QtCore/qt_windows.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 QT_BEGIN_NAMESPACE
@@ -170,7 +171,7 @@ QList<QSerialPortInfo> QSerialPortInfo::availablePorts()
     names.removeAll(QString());
 
     QList<QSerialPortInfo> ports;
-    for (const QString& name : qAsConst(names)) {
+    for (const QString& name : std::as_const(names)) {
         QSerialPortInfoPrivate port;
         port.portName = name;
         ports.append(QSerialPortInfo(port));
