@@ -768,6 +768,67 @@ MUTATIONS = [
          "tst_tablefiles aFileIsNamedAfterTheCamera"),
     ),
     *_room(
+        "params",
+        ("A value's text leads back to what the camera holds", "parameters.cpp",
+         "return fromFixedPoint(fixedPoint(value));", "return value;",
+         "tst_parameters theTextOfAValueLeadsBackToIt"),
+        ("A number has the range of its field in the window", "parameters.cpp",
+         "{.name = \"clhe\", .maximum = 30000}", "{.name = \"clhe\", .maximum = 10000}",
+         "tst_parameters aNumberHasTheRangeOfItsField"),
+        ("The frame rate goes before the test pattern that it ends", "parameters.cpp",
+         "        byteSized({.name = \"frame-rate\", .unit = \"Hz\", .choices = frameRateChoices()},\n"
+         "                  &Camera::getFrameRate, &Camera::setFrameRate),\n"
+         "        onOff(\"vignetting-correction\", feature::vignettingCorrection),\n"
+         "        onOff(\"column-correction\", feature::columnCorrection),\n"
+         "        onOff(\"nuc\", feature::nuc),\n"
+         "        onOff(\"test-pattern\", feature::testPattern),\n",
+         "        onOff(\"test-pattern\", feature::testPattern),\n"
+         "        byteSized({.name = \"frame-rate\", .unit = \"Hz\", .choices = frameRateChoices()},\n"
+         "                  &Camera::getFrameRate, &Camera::setFrameRate),\n"
+         "        onOff(\"vignetting-correction\", feature::vignettingCorrection),\n"
+         "        onOff(\"column-correction\", feature::columnCorrection),\n"
+         "        onOff(\"nuc\", feature::nuc),\n",
+         "tst_ctl_values theFrameRateThatIsThereIsNotSent"),
+        ("The zoom's resolution goes before the zoom", "parameters.cpp",
+         "        zoomResolution(),\n        zoom(),\n", "        zoom(),\n        zoomResolution(),\n",
+         "tst_ctl_values theZoomsResolutionGoesBeforeTheZoom"),
+    ),
+    *_room(
+        "ctl",
+        ("A region's coordinates are in order at every moment", "exchange.cpp",
+         "            std::swap(order[index], order[index + 1]);\n", "",
+         "tst_ctl_values aRegionIsInOrderAtEveryMoment"),
+        ("A region in the wrong order is not sent", "exchange.cpp",
+         "wanted[place] && !pairInOrder(all, place)", "false && !pairInOrder(all, place)",
+         "tst_ctl_values aRegionInTheWrongOrderIsNotSent"),
+        ("A coordinate whose partner was refused is not sent", "exchange.cpp",
+         "inPair(row.first) == InPair::No || pairInOrder(next, row.first)",
+         "inPair(row.first) == InPair::No || true",
+         "tst_ctl_values aRefusedCoordinateKeepsItsPartnerFromBeingSent"),
+        ("Another value than the accepted one is found out", "exchange.cpp",
+         "after[place] != expected[place]", "!after[place]",
+         "tst_ctl_faults aCameraThatStoresSomethingElseIsFoundOut"),
+        ("A camera that has gone does not pass for zeros", "session.cpp",
+         "    // A camera that has gone answers with zeros, which must not pass for its values.\n"
+         "    expectPresence();\n", "", "tst_ctl_faults aCameraThatHangsUpDoesNotPassForZeros"),
+        ("Ctrl-C ends between two commands", "session.cpp",
+         "if (platform::wasInterrupted()) {", "if (platform::wasInterrupted() && false) {",
+         "tst_ctl_faults controlCEndsBetweenTwoCommands"),
+        ("Only the greeting 1 is a camera", "session.cpp", "answer != 1", "answer == 0",
+         "tst_ctl_faults withoutACameraNothingIsAsked"),
+        ("A late answer ends the program", "watch.cpp", "            whenLate();\n", "            break;\n",
+         "tst_ctl_faults aLateAnswerIsWaitedForOnlySoLong"),
+        ("A frame rate that the camera has is not sent", "values.cpp",
+         "        toSend[rate].reset();\n", "",
+         "tst_ctl_values theFrameRateThatIsThereIsNotSent"),
+        ("Nobody who reads is told", "answer.cpp", " || std::fflush(stdout) != 0", "",
+         "tst_ctl_faults nobodyWhoReadsIsTold"),
+        ("Expert parameters stay hidden where the mode is off", "values.cpp",
+         "parameters()[*place].level == Level::Expert && !isExpertMode()",
+         "parameters()[*place].level == Level::Expert && false",
+         "tst_ctl_values expertParametersStayHiddenWhereTheModeIsOff"),
+    ),
+    *_room(
         "simulator",
         ("A closed camera refuses everything", "camera.cpp",
          "    if (!open) {\n", "    if (!open && operation == O::Connect) {\n",
