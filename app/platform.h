@@ -20,6 +20,16 @@ std::string currentDirectory();
 /// the machine; elsewhere they are handed on as they are.
 std::string utf8(const std::string& path);
 
+enum class Stream { Input, Output, Errors };
+
+/// Whether somebody sits at the other end.
+bool isTerminal(Stream stream);
+
+/// Makes Ctrl-C a wish that wasInterrupted tells of, and a reader that has gone an error of
+/// writing. A second Ctrl-C ends the program.
+void takeInterruptions();
+bool wasInterrupted();
+
 /// Blocks the calling thread.
 void blockThread(std::chrono::milliseconds duration);
 

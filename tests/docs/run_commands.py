@@ -14,7 +14,8 @@ import subprocess
 import sys
 import tempfile
 
-DOCUMENTS = ["README.md", "CONTRIBUTING.md", "docs/user-guide.md", "docs/simulator.md",
+DOCUMENTS = ["README.md", "CONTRIBUTING.md", "docs/user-guide.md", "docs/tavrelctl.md",
+             "docs/simulator.md",
              "docs/architecture.md", "docs/sdk-boundary.md", "docs/quality.md"]
 
 # How a command is run: what is appended to keep it short, or None for the commands that are not
@@ -22,6 +23,7 @@ DOCUMENTS = ["README.md", "CONTRIBUTING.md", "docs/user-guide.md", "docs/simulat
 RULES = [
     (r"\./run( --tour.*)?$", ""),
     (r"TAVREL_SIMULATOR_FACTORY_FRESH=1 \./run$", ""),
+    (r"\./run --ctl .+$", ""),
     (r"cp simulator/plans/\S+ build/session/plan\.ini$", ""),
     (r"rm build/session/plan\.ini$", ""),
     (r"cmake --preset \w+$", ""),

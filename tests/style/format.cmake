@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Fails and shows the places when a source of ours is not formatted as .clang-format says.
 set(sources)
-foreach(folder IN ITEMS app ui sdk link params bpr simulator tour tests/* bench packaging/windows/serialport)
+foreach(folder IN ITEMS app ui sdk link params bpr ctl simulator tour tests/* bench packaging/windows/serialport)
     file(GLOB found ${SOURCE_DIR}/${folder}/*.cpp ${SOURCE_DIR}/${folder}/*.h)
     list(APPEND sources ${found})
 endforeach()

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// What the program says on standard output: text for people, or one JSON document.
+#pragma once
+
+#include "params/parameters.h"
+
+#include <QtCore/QJsonObject>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+#include <vector>
+
+namespace tavrel::ctl {
+
+class Answer {
+public:
+    QJsonObject json;
+
+    void line(const QString& text) { lines.append(text); }
+
+    /// Rows whose columns stand below each other.
+    void table(const std::vector<QStringList>& rows);
+
+    /// The whole answer; colours stand for what needs a look, if wanted.
+    [[nodiscard]] QByteArray text(bool asJson, bool coloured) const;
+
+private:
+    QStringList lines;
+};
+
+/// A value as JSON has it: a number, true or false, or the name of a choice.
+QJsonValue jsonOf(const Parameter& parameter, const std::optional<double>& value);
+
+/// Writes bytes to standard output; throws when nobody takes them.
+void write(const QByteArray& bytes);
+
+/// Writes a line to standard error.
+void complain(const QString& text);
+
+} // namespace tavrel::ctl

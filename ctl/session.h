@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+// A camera on a serial port, from opening to closing.
+#pragma once
+
+#include "ctl/failure.h"
+#include "ctl/watch.h"
+#include "params/parameters.h"
+#include "sdk/ombrix_sdk.h"
+
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+#include <chrono>
+#include <cstdint>
+#include <mutex>
+#include <optional>
+
+namespace tavrel::ctl {
+
+struct SessionOptions {
+    QString port;
+    std::chrono::milliseconds timeout{10000}; ///< for each answer of the camera
+    std::optional<int> linkRate;              ///< baud; none: the SDK's own
+    bool json = false;
+    bool showsProgress = false; ///< a line on standard error that comes and goes
+};
+
+/// The SDK's settings; the SDK is ready to be used after the first call.
+ombrix_sdk::ISdkConfiguration& configuration();
+
+bool isExpertMode();
+
+class Session {
+public:
+    /// Opens the camera, or throws why there is none.
+    explicit Session(SessionOptions sessionOptions);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    /// Makes one call to the camera, what: for the message when no answer comes. Throws before the
+    /// call when the user has asked for an end.
+    template<typename Call> auto ask(const QString& what, Call call)
+    {
+        enter(what);
+        const auto result = call(*camera);
+        watch.end();
+        return result;
+    }
+
+    /// Throws unless port and camera are still there.
+    void expectPresence();
+
+    [[nodiscard]] std::uint32_t versions() const { return versionWords; }
+    [[nodiscard]] std::chrono::milliseconds timeout() const { return options.timeout; }
+
+    /// The values of these commands' parameters.
+    Values read(const std::vector<std::size_t>& wanted);
+
+    // What a message about an early end tells.
+    void plan(const QStringList& names);
+    void stepDone();
+    /// "done: gamma; not done: clhe"; empty when nothing was planned.
+    [[nodiscard]] QString account() const;
+
+private:
+    void enter(const QString& what);
+    void showProgress(const QString& what);
+    void close();
+    [[noreturn]] void endLate();
+    void open();
+
+    const SessionOptions options;
+    mutable std::mutex mutex; ///< of what endLate tells
+    QString current;
+    QStringList planned;
+    int done = 0;
+
+    ombrix_sdk::ISerialLink* link = nullptr;
+    ombrix_sdk::ICamera* camera = nullptr;
+    std::uint32_t versionWords = 0;
+    Watch watch;
+};
+
+} // namespace tavrel::ctl

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "ctl/tasks.h"
+
+#include "app/platform.h"
+
+namespace tavrel::ctl {
+
+namespace {
+
+struct Row {
+    const char* task;
+    Status (*perform)(const Request& request, Answer& answer);
+};
+
+constexpr Row rows[] = {
+    {"ports", &listPorts},     {"list", &listParameters}, {"info", &showInfo},
+    {"get", &getParameters},   {"set", &setParameters},   {"nuc", &requestNuc},
+    {"shutter", &moveShutter},
+};
+
+} // namespace
+
+SessionOptions sessionOptions(const Request& request)
+{
+    constexpr double perSecond = 1000;
+    return {.port = request.port,
+            .timeout = std::chrono::milliseconds(static_cast<int>(request.timeout * perSecond)),
+            .linkRate = request.linkRate,
+            .json = request.json,
+            .showsProgress = platform::isTerminal(platform::Stream::Errors)};
+}
+
+Status perform(const Request& request, Answer& answer)
+{
+    for (const Row& row : rows) {
+        if (request.task == QLatin1String(row.task)) {
+            return row.perform(request, answer);
+        }
+    }
+    throw Failure(Status::Usage, QStringLiteral("no such command: %1").arg(request.task));
+}
+
+} // namespace tavrel::ctl

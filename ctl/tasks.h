@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+// What the program can do. Each task fills an answer and says how it went, or throws a Failure.
+#pragma once
+
+#include "ctl/answer.h"
+#include "ctl/failure.h"
+#include "ctl/request.h"
+#include "ctl/session.h"
+
+namespace tavrel::ctl {
+
+/// The camera that a request names.
+SessionOptions sessionOptions(const Request& request);
+
+Status listPorts(const Request& request, Answer& answer);
+Status listParameters(const Request& request, Answer& answer);
+Status showInfo(const Request& request, Answer& answer);
+Status getParameters(const Request& request, Answer& answer);
+Status setParameters(const Request& request, Answer& answer);
+Status requestNuc(const Request& request, Answer& answer);
+Status moveShutter(const Request& request, Answer& answer);
+
+/// Does what a request asks for, whatever it is.
+Status perform(const Request& request, Answer& answer);
+
+} // namespace tavrel::ctl

@@ -1,0 +1,283 @@
+// SPDX-License-Identifier: MIT
+// What goes wrong, and that nobody is left in doubt about it.
+#include "tests/ctl/program.h"
+
+#include <QtTest/QTest>
+
+#include <csignal>
+
+using ctl::Machine;
+using ctl::Run;
+
+class TestFaults : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void wrongWordsAreRefusedBeforeAnythingIsSent_data()
+    {
+        QTest::addColumn<QString>("words");
+        QTest::addColumn<QString>("told");
+        const auto row = [](const char* words, const char* told) {
+            QTest::newRow(words) << QString::fromLatin1(words) << QString::fromLatin1(told);
+        };
+        row("ttyUSB0", "subcommand");
+        row("ttyUSB0 gte", "subcommand");
+        row("info", "info needs a port");
+        row("ttyUSB0 list", "list takes no port");
+        row("ttyUSB0 get gama", "unknown parameter \"gama\"");
+        row("ttyUSB0 get camera-baud-rate", "cannot be read");
+        row("ttyUSB0 set", "NAME=VALUE");
+        row("ttyUSB0 set gamma", "not of the form NAME=VALUE");
+        row("ttyUSB0 set =2", "not of the form NAME=VALUE");
+        row("ttyUSB0 set gamma=2 gama=2", "unknown parameter \"gama\"");
+        row("ttyUSB0 set gamma=2 gamma=1", "gamma stands there twice");
+        row("ttyUSB0 set gamma=", "gamma: \"\" is not 0.5 to 2.5");
+        row("ttyUSB0 set gamma=much", "gamma: \"much\" is not 0.5 to 2.5");
+        row("ttyUSB0 set gamma=nan", "gamma");
+        row("ttyUSB0 set gamma=2,2", "gamma: \"2,2\" is not 0.5 to 2.5");
+        row("ttyUSB0 set gamma=2.51", "gamma: 2.51 is out of range (0.5 to 2.5)");
+        row("ttyUSB0 set clhe=1.5", "clhe: \"1.5\" is not 0 to 30000");
+        row("ttyUSB0 set frame-rate=24", "frame-rate: \"24\" is not 9, 25, 30, 50 or 60 Hz");
+        row("ttyUSB0 set nuc=yes", "nuc: \"yes\" is not off or on");
+        row("ttyUSB0 set roi0-inclusive-x1=0",
+            "roi0-inclusive-x1: 0 is out of range (5 to 635 px)");
+        row("ttyUSB0 set gsk=21", "gsk: 21 is out of range (0 to 20)");
+        row("ttyUSB0 shutter ajar", "\"ajar\"");
+        row("ttyUSB0 info --timeout 0", "--timeout");
+        row("ttyUSB0 info --verbose", "--verbose");
+    }
+
+    void wrongWordsAreRefusedBeforeAnythingIsSent()
+    {
+        QFETCH(QString, words);
+        QFETCH(QString, told);
+        Machine machine;
+        const Run run = machine.run(words.toLatin1());
+        QCOMPARE(run.status, 2);
+        QCOMPARE(run.output, QString());
+        QVERIFY2(run.errors.startsWith(QStringLiteral("tavrelctl: ")), qPrintable(run.errors));
+        QVERIFY2(run.errors.contains(told), qPrintable(run.errors));
+        QVERIFY(machine.calls().filter(QStringLiteral("link")).isEmpty());
+    }
+
+    void aPortThatDoesNotExistIsNamedWithTheOthers()
+    {
+        Machine machine;
+        Run run = machine.run("ttyUSB7 get");
+        QCOMPARE(run.status, 3);
+        QCOMPARE(run.errors,
+                 QStringLiteral("tavrelctl: no serial port ttyUSB7; there are: ttyUSB0\n"));
+        machine.ports.unplug(QStringLiteral("ttyUSB0"));
+        run = machine.run("ttyUSB0 get --json");
+        QCOMPARE(run.status, 3);
+        QCOMPARE(run.json()[QStringLiteral("status")].toInt(), 3);
+        QCOMPARE(run.json()[QStringLiteral("error")].toString(),
+                 QStringLiteral("no serial port ttyUSB0; there is no serial port at all"));
+    }
+
+    void withoutACameraNothingIsAsked_data()
+    {
+        QTest::addColumn<QByteArray>("plan");
+        QTest::addColumn<QString>("told");
+        QTest::newRow("busy or empty port") << QByteArray("[openCamera]\ncalls=always\n")
+                                            << QStringLiteral("no camera answers on ttyUSB0");
+        QTest::newRow("no greeting")
+            << QByteArray("[connect]\ncalls=always\n") << QStringLiteral("does not answer");
+        QTest::newRow("odd greeting")
+            << QByteArray("[connect]\nvalue=2\n") << QStringLiteral("does not answer");
+        QTest::newRow("no versions")
+            << QByteArray("[getVersions]\ncalls=always\n") << QStringLiteral("does not answer");
+        QTest::newRow("no serial link")
+            << QByteArray("[getCommunicationType]\nvalue=USB\n") << QStringLiteral("UART");
+    }
+
+    void withoutACameraNothingIsAsked()
+    {
+        QFETCH(QByteArray, plan);
+        QFETCH(QString, told);
+        Machine machine;
+        machine.plan(plan);
+        const Run run = machine.run("ttyUSB0 set gamma=2");
+        QCOMPARE(run.status, 3);
+        QVERIFY2(run.errors.contains(told), qPrintable(run.errors));
+        QVERIFY(machine.commandsSent().isEmpty());
+    }
+
+    void linkAndCameraAreGivenBack_data()
+    {
+        QTest::addColumn<QByteArray>("plan");
+        QTest::newRow("all is well") << QByteArray();
+        QTest::newRow("no greeting") << QByteArray("[connect]\ncalls=always\n");
+        QTest::newRow("gone half way") << QByteArray("[setGamma]\ncalls=1\nhangUp=true\n");
+    }
+
+    void linkAndCameraAreGivenBack()
+    {
+        QFETCH(QByteArray, plan);
+        Machine machine;
+        machine.plan(plan);
+        machine.run("ttyUSB0 set gamma=2");
+        const QStringList calls = machine.calls();
+        QCOMPARE(calls.last(), QStringLiteral("sdk releaseSerialLink()"));
+        QVERIFY(calls.contains(QStringLiteral("link closeCamera(camera 20417)")));
+    }
+
+    void aRefusalIsTold()
+    {
+        Machine machine;
+        machine.plan("[setGamma]\ncalls=always\n");
+        const Run run = machine.run("ttyUSB0 set gamma=2 clhe=77");
+        QCOMPARE(run.status, 1);
+        QCOMPARE(run.lines(), (QStringList{QStringLiteral("gamma  = 1   refused: wanted 2"),
+                                           QStringLiteral("clhe   = 77  done")}));
+    }
+
+    void anythingButZeroIsTaken()
+    {
+        Machine machine;
+        machine.plan("[set*]\ncarryOut=true\nvalue=2\n");
+        QCOMPARE(machine.run("ttyUSB0 set gamma=2").status, 0);
+    }
+
+    void aCameraThatStoresSomethingElseIsFoundOut()
+    {
+        Machine machine;
+        machine.plan("[setGamma]\nvalue=1\n");
+        const Run run = machine.run("ttyUSB0 set gamma=2");
+        QCOMPARE(run.status, 1);
+        QCOMPARE(run.lines(), QStringList{QStringLiteral("gamma  = 1  differs: wanted 2")});
+    }
+
+    void aCameraThatHangsUpDoesNotPassForZeros()
+    {
+        Machine machine;
+        machine.plan("[getClhe]\nhangUp=true\n");
+        const Run run = machine.run("ttyUSB0 get");
+        QCOMPARE(run.status, 3);
+        QCOMPARE(run.output, QString());
+        QVERIFY2(run.errors.contains(QStringLiteral("does not answer any more")),
+                 qPrintable(run.errors));
+    }
+
+    void aCameraThatHangsUpHalfWayLeavesAnAccount()
+    {
+        Machine machine;
+        machine.plan("[setClhe]\nhangUp=true\n");
+        const Run run = machine.run("ttyUSB0 set lut-temporal-filter=2 gamma=2 clhe=5");
+        QCOMPARE(run.status, 3);
+        QVERIFY2(
+            run.errors.contains(QStringLiteral("done: gamma; not done: clhe, lut-temporal-filter")),
+            qPrintable(run.errors));
+        QCOMPARE(machine.commandsSent().size(), 2);
+    }
+
+    void aPortThatVanishesHalfWayIsTold()
+    {
+        Machine machine;
+        machine.addGate();
+        machine.plan("[setGamma]\ndelay=3600000\n");
+        const auto process = machine.start({QStringLiteral("ttyUSB0"), QStringLiteral("set"),
+                                            QStringLiteral("gamma=2"), QStringLiteral("clhe=5"),
+                                            QStringLiteral("--timeout=600")});
+        QVERIFY(machine.waitAtGate());
+        machine.ports.unplug(QStringLiteral("ttyUSB0"));
+        machine.openGate();
+        const Run run = machine.finish(*process);
+        QCOMPARE(run.status, 3);
+        QVERIFY2(run.errors.contains(QStringLiteral("the port ttyUSB0 has gone; nothing was done; "
+                                                    "not done: gamma, clhe")),
+                 qPrintable(run.errors));
+    }
+
+    void aLateAnswerIsWaitedForOnlySoLong()
+    {
+        Machine machine;
+        machine.plan("[setGamma]\ndelay=3600000\n");
+        const Run run = machine.run("ttyUSB0 set clhe=5 gamma=2 --timeout 3 --json");
+        QCOMPARE(run.status, 3);
+        QVERIFY2(run.errors.contains(QStringLiteral("no answer to \"gamma\" within 3 s; nothing "
+                                                    "was done; not done: gamma, clhe")),
+                 qPrintable(run.errors));
+        QCOMPARE(run.json()[QStringLiteral("status")].toInt(), 3);
+    }
+
+    void aLateAnswerInTimeIsAnAnswer()
+    {
+        Machine machine;
+        machine.plan("[*]\ncarryOut=true\ndelay=20\n");
+        QCOMPARE(machine.run("ttyUSB0 set gamma=2 --timeout 60").status, 0);
+    }
+
+    void controlCEndsBetweenTwoCommands()
+    {
+        Machine machine;
+        machine.addGate();
+        machine.plan("[setGamma]\ncarryOut=true\ndelay=3600000\n");
+        const auto process = machine.start({QStringLiteral("ttyUSB0"), QStringLiteral("set"),
+                                            QStringLiteral("gamma=2"), QStringLiteral("clhe=5"),
+                                            QStringLiteral("--timeout=600")});
+        QVERIFY(machine.waitAtGate());
+        QCOMPARE(::kill(static_cast<pid_t>(process->processId()), SIGINT), 0);
+        machine.openGate();
+        const Run run = machine.finish(*process);
+        QCOMPARE(run.status, 1);
+        QCOMPARE(run.errors, QStringLiteral("tavrelctl: interrupted before clhe; done: gamma; not "
+                                            "done: clhe\n"));
+        QCOMPARE(machine.commandsSent(), QStringList{QStringLiteral("setGamma(131072)")});
+    }
+
+    void nobodyWhoReadsIsTold()
+    {
+        Machine machine;
+        const auto process =
+            machine.start({QStringLiteral("-c"),
+                           // The reader has gone for certain before the program begins.
+                           QStringLiteral("mkfifo gone; (cat gone; \"$0\" ttyUSB0 set gamma=2; "
+                                          "echo status $? >&2) | (exec <&-; echo >gone)"),
+                           QStringLiteral(TAVREL_CTL)},
+                          QStringLiteral("/bin/sh"));
+        const Run run = machine.finish(*process);
+        QCOMPARE(run.errors,
+                 QStringLiteral("tavrelctl: the answer could not be written\nstatus 2\n"));
+        QCOMPARE(machine.commandsSent(), QStringList{QStringLiteral("setGamma(131072)")});
+    }
+
+    void aFullDiskBehindTheAnswerIsTold()
+    {
+        Machine machine;
+        const auto process =
+            machine.start({QStringLiteral("-c"), QStringLiteral("exec \"$0\" list >/dev/full"),
+                           QStringLiteral(TAVREL_CTL)},
+                          QStringLiteral("/bin/sh"));
+        const Run run = machine.finish(*process);
+        QCOMPARE(run.status, 2);
+        QCOMPARE(run.errors, QStringLiteral("tavrelctl: the answer could not be written\n"));
+    }
+
+    void helpAndVersionNeedNoCamera()
+    {
+        Machine machine;
+        Run run = machine.run("--help");
+        QCOMPARE(run.status, 0);
+        for (const char* word : {"ports", "list", "info", "get", "set", "nuc", "shutter", "--json",
+                                 "--timeout", "--link-rate"}) {
+            QVERIFY2(run.output.contains(QLatin1String(word)), word);
+        }
+        run = machine.run("--version");
+        QCOMPARE(run.status, 0);
+        QVERIFY(run.output.startsWith(QStringLiteral("Tavrel KV ")));
+        QVERIFY(machine.calls().isEmpty());
+    }
+
+    void thereIsNoColourWithoutATerminal()
+    {
+        Machine machine;
+        machine.plan("[setGamma]\ncalls=always\n");
+        const Run run = machine.run("ttyUSB0 set gamma=2");
+        QVERIFY(!run.output.contains(QLatin1Char('\x1b')));
+        QVERIFY(!run.errors.contains(QLatin1Char('\x1b')));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestFaults)
+#include "tst_ctl_faults.moc"
