@@ -205,12 +205,10 @@ bool undeclareBadPixels(const QString& path, std::uint32_t x, std::uint32_t y, Q
 std::vector<ReplacementEntry> treat(const BadPixelMap& map)
 {
     std::vector<ReplacementEntry> entries;
-    for (int index = 0; index < pixelCount; ++index) {
-        if (map.isBad(index)) {
-            const std::uint64_t replacement =
-                replacementOf(map, index % sensorWidth, index / sensorWidth);
-            entries.push_back({(static_cast<std::uint64_t>(index) << indexShift) | replacement});
-        }
+    for (int index = map.nextBad(0); index >= 0; index = map.nextBad(index + 1)) {
+        const std::uint64_t replacement =
+            replacementOf(map, index % sensorWidth, index / sensorWidth);
+        entries.push_back({(static_cast<std::uint64_t>(index) << indexShift) | replacement});
     }
     return entries;
 }

@@ -32,6 +32,11 @@ public:
 
     [[nodiscard]] bool isBad(int x, int y) const;
     [[nodiscard]] bool isBad(int index) const { return bytes.at(index) != '\0'; }
+    /// The first bad pixel from this index on, or -1.
+    [[nodiscard]] int nextBad(int from) const
+    {
+        return static_cast<int>(bytes.indexOf('\1', from));
+    }
     void setBad(int index, bool bad) { bytes[index] = bad ? '\1' : '\0'; }
     [[nodiscard]] int count() const { return static_cast<int>(bytes.count('\1')); }
 

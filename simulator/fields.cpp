@@ -31,6 +31,8 @@ Range rangeOf(Kind kind)
                 static_cast<double>(std::numeric_limits<float>::max())};
     case Kind::Real:
         return {-std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
+    case Kind::Share:
+        return {0, 1};
     case Kind::Fixed:
         return {0, 4294967295.0 / fixedPointOne};
     case Kind::Version:
@@ -111,6 +113,7 @@ std::optional<double> parseField(Kind kind, const QString& text)
         }
         return std::nullopt;
     case Kind::Real:
+    case Kind::Share:
         return parseReal(kind, trimmed);
     case Kind::Fixed:
         if (const std::optional<double> value = parseReal(kind, trimmed)) {
@@ -137,6 +140,7 @@ QString formatField(Kind kind, double value)
         return QString::number(static_cast<qint64>(value));
     case Kind::Single:
     case Kind::Real:
+    case Kind::Share:
         return QString::number(value, 'g', std::numeric_limits<double>::max_digits10);
     case Kind::Fixed:
         return QString::number(value / fixedPointOne, 'g',
@@ -167,6 +171,8 @@ QString describeKind(Kind kind)
     case Kind::Single:
     case Kind::Real:
         return QStringLiteral("a number");
+    case Kind::Share:
+        return QStringLiteral("a number from 0 to 1");
     case Kind::Fixed:
         return QStringLiteral("a number from 0 to 65535.99998");
     case Kind::Version:

@@ -19,6 +19,7 @@ enum class Kind {
     Whole,   ///< signed, 32 bits
     Single,  ///< number of single precision
     Real,    ///< number of double precision
+    Share,   ///< 0 to 1
     Fixed,   ///< 16.16 fixed point; written as the number it stands for
     Version, ///< three 4-bit fields; written major.minor.patch
 };

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
-// An INI file as the simulator reads it: every value that cannot be used and every key that means
-// nothing becomes a line that names file, key and reason.
+// An INI file as the simulator reads it. Whatever is wrong in it becomes one message for each line,
+// which names file, line, section and key, what was read and what is allowed.
 #pragma once
 
 #include "simulator/fields.h"
 
-#include <QtCore/QHash>
+#include <QtCore/QByteArray>
+#include <QtCore/QMap>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
+#include <map>
 #include <optional>
 
 namespace simulator {
@@ -17,31 +19,61 @@ class IniFile {
 public:
     /// Reads the whole file; a file that cannot be read is a problem and empty.
     explicit IniFile(QString filePath);
+    /// The same of a content that is there already. filePath: as the messages name it.
+    IniFile(QString filePath, const QByteArray& content);
 
-    /// The sections in which a value stands, sorted.
-    [[nodiscard]] QStringList sections() const;
-    /// The text of a key, or nothing. Lists keep their commas.
+    /// The sections in their order; one that stands there twice counts where it stands first.
+    [[nodiscard]] const QStringList& sections() const { return order; }
+    /// Whether no key stands in the section.
+    [[nodiscard]] bool isEmpty(const QString& section) const;
+    /// The text of a key, or nothing.
     std::optional<QString> text(const QString& section, const QString& key);
     /// The number of a field, or nothing when it is absent. A value of the wrong kind is a problem
-    /// and absent; fallback is what the problem names as used instead.
-    std::optional<double> number(const QString& section, const Field& field, double fallback);
-    /// The number of a field, or its fallback.
-    double numberOr(const QString& section, const Field& field, double fallback)
-    {
-        return number(section, field, fallback).value_or(fallback);
-    }
+    /// and absent; consequence: what the message says of that.
+    std::optional<double> number(const QString& section, const Field& field,
+                                 const QString& consequence);
+    /// The number of a field, or else its fallback, which the message names as used.
+    double numberOr(const QString& section, const Field& field, double fallback);
 
+    /// A mistake in a value. reason: what was read, what is allowed, what happens now.
     void addProblem(const QString& section, const QString& key, const QString& reason);
-    /// All problems, with the keys that nobody asked for. To be called last.
+    /// A section that means nothing; its lines are not told as well.
+    void rejectSection(const QString& section, const QString& reason);
+
+    /// Tells of the keys that nobody asked for, when all of a section has been read, and answers
+    /// whether the section is free of mistakes. allowed: the keys that there are, for the message.
+    bool finish(const QString& section, const QString& allowed = {});
+    /// All problems in the order of the lines, one for each. Every section is finished by then.
     QStringList problems();
 
 private:
-    /// Takes in one line without the blanks around it; section is the one in which it stands.
-    void readLine(const QString& line, int number, QString& section);
+    struct Entry {
+        QString value;
+        int line = 0;
+        bool asked = false;
+    };
+    struct Section {
+        int line = 0;
+        bool faulty = false;
+        QMap<QString, Entry> entries;
+    };
+
+    void parse(const QByteArray& content);
+    void readLine(const QByteArray& bytes, int line);
+    void readHeader(const QString& text, int line);
+    void readValue(const QString& key, const QString& value, int line);
+    void report(int line, const QString& text);
+    [[nodiscard]] Section* sectionNamed(const QString& name);
 
     QString path;
-    QHash<QString, QString> values; ///< by "section/key"; a value that was asked for is gone
-    QStringList found;
+    QStringList order;
+    std::map<QString, Section> found;
+    Section outside;             ///< what stands before the first section
+    Section* current = &outside; ///< where a line belongs; null: to a section that is not used
+    QMap<int, QString> messages; ///< by line; 0: of the file as a whole
 };
+
+/// A text as a message quotes it: shortened when it is long.
+QString quoted(const QString& text);
 
 } // namespace simulator

@@ -6,6 +6,7 @@
 #include <QtCore/QDateTime>
 
 #include <cstdio>
+#include <cstdlib>
 
 namespace simulator {
 namespace {
@@ -53,9 +54,16 @@ void Log::notice(const QString& text)
     write("notice", text.toUtf8());
 }
 
-void Log::problem(const QString& text)
+void Log::problems(const QStringList& texts)
 {
-    write("problem", text.toUtf8(), true);
+    for (const QString& text : texts) {
+        write("problem", text.toUtf8(), true);
+    }
+    if (strict && !texts.isEmpty()) {
+        // At once: no destructor of a program that is half started may run.
+        constexpr int wrongInput = 2;
+        std::_Exit(wrongInput);
+    }
 }
 
 void Log::misuse(const QString& text)

@@ -6,6 +6,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QFile>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 namespace simulator {
 
@@ -19,8 +20,13 @@ public:
     void record(int severity, const QByteArray& text);
     /// The simulator's own news.
     void notice(const QString& text);
-    /// A mistake in a file that the simulator reads. Always on standard error, too.
-    void problem(const QString& text);
+    /// A mistake in a file that the simulator reads. Always on standard error, too. Ends the
+    /// program with status 2 when the log is strict.
+    void problem(const QString& text) { problems({text}); }
+    /// Several of them, all told before the program ends.
+    void problems(const QStringList& texts);
+    void setStrict(bool on) { strict = on; }
+    [[nodiscard]] bool isStrict() const { return strict; }
     /// A call that no correct program makes.
     void misuse(const QString& text);
 
@@ -28,6 +34,7 @@ private:
     void write(const char* severity, const QByteArray& text, bool alsoStandardError = false);
 
     QFile file;
+    bool strict = false;
 };
 
 } // namespace simulator

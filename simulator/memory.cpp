@@ -44,7 +44,8 @@ bool read(const QString& path, std::vector<Entry>& entries, QString* reason)
 {
     IniFile ini(path);
     const auto take = [&ini](const Field& field) {
-        const std::optional<double> value = ini.number(memorySection, field, field.initial);
+        const std::optional<double> value =
+            ini.number(memorySection, field, QStringLiteral("nothing of the file is used"));
         if (!value) {
             ini.addProblem(memorySection, QLatin1String(field.key), QStringLiteral("no value"));
         }
@@ -210,7 +211,8 @@ void Memory::save(const QString& path, const QByteArray& content)
 
 void Memory::reportDamage(const QString& path, const QString& reason)
 {
-    const QString moved = setAside(path);
+    // Where the problem ends the program, the next start finds it again.
+    const QString moved = log.isStrict() ? QString() : setAside(path);
     log.problem(QStringLiteral("%1; the damaged file %2")
                     .arg(reason, moved.isEmpty() ? QStringLiteral("is not used")
                                                  : QStringLiteral("is now %1").arg(moved)));

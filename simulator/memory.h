@@ -3,7 +3,7 @@
 // saved configuration, in one folder. Off without a folder.
 #pragma once
 
-#include "simulator/configuration.h"
+#include "simulator/configurationvalues.h"
 #include "simulator/parameters.h"
 
 #include <QtCore/QByteArray>

@@ -57,14 +57,31 @@ constexpr Transfer transferOf(Result (ICamera::*)(Arguments...))
 constexpr Transfer readCoordinate{.sent = 1, .received = 4};
 constexpr Transfer writeCoordinate{.sent = 4 + 1 + 3, .received = 1};
 
+/// What an operation answers; getVersions answers with the word that it fills.
+template<typename Result, typename... Arguments>
+constexpr std::optional<Kind> answerOf(Result (ICamera::*)(Arguments...))
+{
+    if constexpr (std::is_same_v<Result, std::uint8_t>) {
+        return Kind::Byte;
+    } else if constexpr (std::is_same_v<Result, std::int32_t>) {
+        return Kind::Whole;
+    } else if constexpr (std::is_same_v<Result, std::uint32_t> ||
+                         (std::is_same_v<Arguments, std::uint32_t*> || ...)) {
+        return Kind::Word;
+    } else {
+        return std::nullopt;
+    }
+}
+
 /// What the types do not tell: how long a table is, and what the library does without the camera.
-constexpr OperationFacts factsOf(Operation operation, const char* name, Transfer transfer)
+constexpr OperationFacts factsOf(Operation operation, const char* name, Transfer transfer,
+                                 std::optional<Kind> answer)
 {
     switch (operation) {
     case Operation::loadBadPixelList:
     case Operation::addBadPixels:
     case Operation::removeBadPixels:
-        return {name, std::nullopt};
+        return {name, std::nullopt, answer};
     case Operation::readTableData:
         transfer.received = tableLength;
         break;
@@ -74,17 +91,19 @@ constexpr OperationFacts factsOf(Operation operation, const char* name, Transfer
     default:
         break;
     }
-    return {name, transfer};
+    return {name, transfer, answer};
 }
 
 constexpr std::array<OperationFacts, operationCount> operationRows = {{
-    {"getCommunicationType", std::nullopt},
-    {"saveConfiguration", std::nullopt},
-    {"openCamera", Transfer{.sent = 0, .received = 4}},
-#define CAMERA(Result, name, arguments) factsOf(Operation::name, #name, transferOf(&ICamera::name)),
-#define GET_ROI(name, coordinate) factsOf(Operation::name, #name, readCoordinate),
-#define SET_ROI(name, coordinate) factsOf(Operation::name, #name, writeCoordinate),
+    {"getCommunicationType", std::nullopt, std::nullopt},
+    {"saveConfiguration", std::nullopt, std::nullopt},
+    {"openCamera", Transfer{.sent = 0, .received = 4}, std::nullopt},
+#define FACTS(name, transfer) factsOf(Operation::name, #name, transfer, answerOf(&ICamera::name)),
+#define CAMERA(Result, name, arguments) FACTS(name, transferOf(&ICamera::name))
+#define GET_ROI(name, coordinate) FACTS(name, readCoordinate)
+#define SET_ROI(name, coordinate) FACTS(name, writeCoordinate)
 #include "sdk/operations.def"
+#undef FACTS
 }};
 
 constexpr int frameBytes = 12;  ///< head and checksum around every request and every answer

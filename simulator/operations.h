@@ -3,6 +3,8 @@
 // latency know them.
 #pragma once
 
+#include "simulator/fields.h"
+
 #include <QtCore/QString>
 
 #include <cstddef>
@@ -33,6 +35,7 @@ struct Transfer {
 struct OperationFacts {
     const char* name;
     std::optional<Transfer> transfer; ///< nothing: the library's own work, without the camera
+    std::optional<Kind> answer;       ///< what its answer is when it is a number
 };
 
 const OperationFacts& factsOf(Operation operation);

@@ -16,24 +16,28 @@ namespace {
 const QString powerSection = QStringLiteral("power");
 const QString callsKey = QStringLiteral("calls");
 const QString valueKey = QStringLiteral("value");
+const QString ruleKeys = QStringLiteral("calls, probability, seed, value, carryOut, delay, hangUp");
+const QString nothingDone = QStringLiteral("the section does nothing");
 constexpr qint64 forEver = std::numeric_limits<qint64>::max();
 
 /// A name matches its operation; a pattern with stars matches operations of the camera only, so
 /// that "get*" or "*" does not keep the program from reaching it.
-bool matches(const QString& pattern, Operation operation)
-{
-    if (!pattern.contains(QLatin1Char('*'))) {
-        return pattern == nameOf(operation);
-    }
-    const QRegularExpression expression(QRegularExpression::wildcardToRegularExpression(pattern));
-    return operation >= firstCameraOperation && expression.match(nameOf(operation)).hasMatch();
-}
-
 std::bitset<operationCount> matchingOperations(const QString& pattern)
 {
+    const bool group = pattern.contains(QLatin1Char('*'));
+    QRegularExpression expression;
+    if (group) {
+        expression.setPattern(QLatin1Char('^') +
+                              QRegularExpression::escape(pattern).replace(QStringLiteral("\\*"),
+                                                                          QStringLiteral(".*")) +
+                              QLatin1Char('$'));
+    }
     std::bitset<operationCount> operations;
     for (std::size_t number = 0; number < operationCount; ++number) {
-        operations.set(number, matches(pattern, static_cast<Operation>(number)));
+        const auto operation = static_cast<Operation>(number);
+        operations.set(number, group ? operation >= firstCameraOperation &&
+                                           expression.match(nameOf(operation)).hasMatch()
+                                     : pattern == nameOf(operation));
     }
     return operations;
 }
@@ -62,29 +66,27 @@ std::vector<std::pair<qint64, qint64>> parseCalls(const QString& text)
     return calls;
 }
 
-/// The number that an operation is to answer: anything that fits 32 bits, signed or not.
-std::optional<qint64> parseValue(const QString& text)
+/// Why the operation cannot answer with the text; empty when it can.
+QString reasonAgainst(Operation operation, const QString& text)
 {
-    std::optional<double> number = parseField(Kind::Whole, text);
-    if (!number) {
-        number = parseField(Kind::Word, text);
+    const std::optional<Kind> kind = factsOf(operation).answer;
+    if (kind) {
+        return parseField(*kind, text)
+                   ? QString()
+                   : QStringLiteral("%1 is not %2").arg(quoted(text), describeKind(*kind));
     }
-    return number ? std::optional<qint64>(static_cast<qint64>(*number)) : std::nullopt;
-}
-
-/// Puts the value key of a section where its operations look for it; false when they cannot use it.
-bool takeValue(const QString& pattern, const QString& text, Verdict& verdict)
-{
-    if (pattern == nameOf(Operation::getCommunicationType)) {
-        verdict.word = text;
-        return true;
+    switch (operation) {
+    case Operation::getCommunicationType:
+        return {};
+    case Operation::loadBadPixelList:
+        return isTreatmentFault(text)
+                   ? QString()
+                   : QStringLiteral("%1 is not missing, empty, long or a number of entries")
+                         .arg(quoted(text));
+    default:
+        return QStringLiteral("%1 is of no use: %2 answers no number")
+            .arg(quoted(text), nameOf(operation));
     }
-    if (pattern == nameOf(Operation::loadBadPixelList)) {
-        verdict.word = text;
-        return isTreatmentFault(text);
-    }
-    verdict.value = parseValue(text);
-    return verdict.value.has_value();
 }
 
 } // namespace
@@ -107,26 +109,28 @@ bool Plan::refresh()
         return false;
     }
     lastState = state;
-    read();
+    rules.clear();
+    found.clear();
+    if (isThere()) {
+        IniFile ini(file);
+        read(ini);
+    }
     return true;
 }
 
-void Plan::read()
+void Plan::read(IniFile& ini)
 {
     rules.clear();
-    found.clear();
-    if (!isThere()) {
-        return;
-    }
-    IniFile ini(file);
     const QStringList patterns = ini.sections();
     for (const QString& pattern : patterns) {
         if (pattern == powerSection) {
-            cycles = as<qint64>(ini.numberOr(powerSection, {"cycles", Kind::Word, 0}, 0));
-            continue;
-        }
-        if (matchingOperations(pattern).any()) {
-            rules.push_back(readRule(ini, pattern));
+            const std::optional<double> number =
+                ini.number(powerSection, {"cycles", Kind::Word, 0}, nothingDone);
+            if (ini.finish(powerSection, QStringLiteral("cycles"))) {
+                cycles = as<qint64>(number.value_or(0));
+            }
+        } else if (const std::optional<Rule> rule = readRule(ini, pattern)) {
+            rules.push_back(*rule);
         }
     }
     // More letters that are given make a pattern more exact; a name without * beats them all.
@@ -140,38 +144,67 @@ void Plan::read()
     found = ini.problems();
 }
 
-Plan::Rule Plan::readRule(IniFile& ini, const QString& pattern)
+std::optional<Plan::Rule> Plan::readRule(IniFile& ini, const QString& pattern)
 {
     Rule rule;
     rule.pattern = pattern;
     rule.operations = matchingOperations(pattern);
+    if (rule.operations.none()) {
+        ini.rejectSection(pattern, QStringLiteral("no operation has this name; ") + nothingDone);
+        return std::nullopt;
+    }
+    if (ini.isEmpty(pattern)) {
+        ini.rejectSection(
+            pattern,
+            QStringLiteral("a rule has one of the keys %1; %2").arg(ruleKeys, nothingDone));
+        return std::nullopt;
+    }
     rule.calls = {{1, forEver}};
     if (const auto text = ini.text(pattern, callsKey)) {
-        std::vector<std::pair<qint64, qint64>> calls = parseCalls(*text);
-        if (calls.empty()) {
+        rule.calls = parseCalls(*text);
+        if (rule.calls.empty()) {
             ini.addProblem(pattern, callsKey,
-                           QStringLiteral("\"%1\" is neither always nor a list such as 3, 5-7, 9-; "
-                                          "always is used")
-                               .arg(*text));
-        } else {
-            rule.calls = std::move(calls);
+                           QStringLiteral("%1 is neither always nor a list such as 3, 5-7, 9-, "
+                                          "counted from 1; %2")
+                               .arg(quoted(*text), nothingDone));
         }
     }
-    rule.probability = ini.numberOr(pattern, {"probability", Kind::Real, 1}, 1);
-    rule.random = Random(as<std::uint64_t>(ini.numberOr(pattern, {"seed", Kind::Word, 1}, 1)));
+    const auto number = [&](const char* key, Kind kind, double fallback) {
+        return ini.number(pattern, {key, kind, fallback}, nothingDone).value_or(fallback);
+    };
+    rule.probability = number("probability", Kind::Share, 1);
+    rule.random = Random(as<std::uint64_t>(number("seed", Kind::Word, 1)));
     rule.verdict.planned = true;
-    rule.verdict.carryOut = ini.numberOr(pattern, {"carryOut", Kind::Switch, 0}, 0) != 0;
-    rule.verdict.hangUp = ini.numberOr(pattern, {"hangUp", Kind::Switch, 0}, 0) != 0;
-    rule.verdict.delay = as<qint64>(ini.numberOr(pattern, {"delay", Kind::Word, 0}, 0));
+    rule.verdict.carryOut = number("carryOut", Kind::Switch, 0) != 0;
+    rule.verdict.hangUp = number("hangUp", Kind::Switch, 0) != 0;
+    rule.verdict.delay = as<qint64>(number("delay", Kind::Word, 0));
     if (const auto text = ini.text(pattern, valueKey)) {
-        if (!takeValue(pattern, *text, rule.verdict)) {
-            ini.addProblem(pattern, valueKey,
-                           QStringLiteral("\"%1\" is nothing that it can answer; the answer of a "
-                                          "failure is used")
-                               .arg(*text));
+        takeValue(ini, *text, rule);
+    }
+    return ini.finish(pattern, ruleKeys) ? std::optional(rule) : std::nullopt;
+}
+
+void Plan::takeValue(IniFile& ini, const QString& text, Rule& rule)
+{
+    const bool group = rule.pattern.contains(QLatin1Char('*'));
+    for (std::size_t number = 0; number < operationCount; ++number) {
+        const auto operation = static_cast<Operation>(number);
+        const std::optional<Kind> kind = factsOf(operation).answer;
+        // Those of a group that answer no number go on as without one.
+        if (!rule.operations.test(number) || (group && !kind)) {
+            continue;
+        }
+        if (const QString reason = reasonAgainst(operation, text); !reason.isEmpty()) {
+            ini.addProblem(rule.pattern, valueKey,
+                           QStringLiteral("%1; %2").arg(reason, nothingDone));
+            return;
+        }
+        if (kind) {
+            rule.verdict.value = static_cast<qint64>(*parseField(*kind, text));
+        } else {
+            rule.verdict.word = text;
         }
     }
-    return rule;
 }
 
 Verdict Plan::judge(Operation operation)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The plan of faults: which operations fail, when and how. Read from an INI file with one section
-// per operation or group of operations, and read again whenever the file changes.
+// per operation or group of operations, and read again whenever the file changes. A section with a
+// mistake in it does nothing.
 #pragma once
 
 #include "simulator/operations.h"
@@ -38,6 +39,8 @@ public:
     [[nodiscard]] bool isThere() const { return QFileInfo::exists(file); }
     /// Reads the plan again when the file has changed, and says whether it did.
     bool refresh();
+    /// Takes the rules from a file that has been read.
+    void read(IniFile& ini);
     /// The problems of the last reading, one line each.
     [[nodiscard]] const QStringList& problems() const { return found; }
     /// Grows when the cameras' power is to be switched off and on.
@@ -57,8 +60,9 @@ private:
         qint64 count = 0;
     };
 
-    void read();
-    static Rule readRule(IniFile& ini, const QString& pattern);
+    /// Nothing when there is a mistake in the section.
+    static std::optional<Rule> readRule(IniFile& ini, const QString& pattern);
+    static void takeValue(IniFile& ini, const QString& text, Rule& rule);
 
     QString file;
     std::optional<std::pair<QDateTime, qint64>> lastState; ///< time and size of the file when read

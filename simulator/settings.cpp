@@ -7,10 +7,12 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QHash>
+#include <QtCore/QProcessEnvironment>
 #include <QtCore/QRegularExpression>
-#include <QtCore/QSet>
 
 #include <optional>
+#include <utility>
 
 namespace simulator {
 namespace {
@@ -18,6 +20,11 @@ namespace {
 const QString simulatorSection = QStringLiteral("simulator");
 const QString configurationSection = QStringLiteral("configuration");
 const QString cameraSection = QStringLiteral("camera"); ///< how the section of a camera begins
+const QString portsKey = QStringLiteral("ports");
+
+constexpr const char* settingsVariable = "TAVREL_SIMULATOR_SETTINGS";
+constexpr const char* freshVariable = "TAVREL_SIMULATOR_FACTORY_FRESH";
+constexpr const char* strictVariable = "TAVREL_SIMULATOR_STRICT";
 
 /// A path of the [simulator] section and the environment variable that goes before it.
 struct PathFacts {
@@ -46,7 +53,7 @@ QByteArray factoryTable(const ParameterValues& values)
 
 QString findFile()
 {
-    const QString named = qEnvironmentVariable("TAVREL_SIMULATOR_SETTINGS");
+    const QString named = qEnvironmentVariable(settingsVariable);
     if (!named.isEmpty()) {
         return QFileInfo(named).absoluteFilePath();
     }
@@ -78,27 +85,78 @@ void readSimulator(IniFile& ini, Settings& settings)
     behaviour.latency = number("latency", Kind::Switch, 0) != 0;
     behaviour.timeout = as<qint64>(number("timeout", Kind::Word, 0));
     behaviour.nucDuration = as<qint64>(number("nucDuration", Kind::Word, 0));
+    ini.finish(simulatorSection,
+               QStringLiteral("log, journal, plan, memory, factoryFresh, seed, manualClock, "
+                              "warmUp, latency, timeout, nucDuration"));
+}
+
+/// A switch among the variables; otherwise: what counts when it cannot be understood.
+bool switchOf(const char* variable, bool initial, bool otherwise, QStringList& problems)
+{
+    const QString text = qEnvironmentVariable(variable);
+    if (text.isEmpty()) {
+        return initial;
+    }
+    const std::optional<double> value = parseField(Kind::Switch, text);
+    if (!value) {
+        problems << QStringLiteral("environment: %1: %2 is not %3; %4 is used")
+                        .arg(QLatin1String(variable), quoted(text), describeKind(Kind::Switch),
+                             formatField(Kind::Switch, otherwise ? 1 : 0));
+    }
+    return value ? *value != 0 : otherwise;
 }
 
 void readEnvironment(Settings& settings)
 {
+    QStringList known = {QLatin1String(settingsVariable), QLatin1String(freshVariable),
+                         QLatin1String(strictVariable)};
     for (const PathFacts& facts : paths) {
+        known << QLatin1String(facts.variable);
         const QString path = qEnvironmentVariable(facts.variable);
         if (!path.isEmpty()) {
             settings.*facts.path = QFileInfo(path).absoluteFilePath();
         }
     }
-    constexpr const char* variable = "TAVREL_SIMULATOR_FACTORY_FRESH";
-    const QString fresh = qEnvironmentVariable(variable);
-    if (fresh.isEmpty()) {
-        return;
+    settings.factoryFresh =
+        switchOf(freshVariable, settings.factoryFresh, settings.factoryFresh, settings.problems);
+    settings.strict = switchOf(strictVariable, false, true, settings.problems);
+    known.sort();
+    QStringList names = QProcessEnvironment::systemEnvironment().keys();
+    names.sort();
+    for (const QString& name : std::as_const(names)) {
+        if (name.startsWith(QLatin1String("TAVREL_SIMULATOR_")) && !known.contains(name)) {
+            settings.problems << QStringLiteral("environment: %1: unknown variable; there are %2")
+                                     .arg(name, known.join(QStringLiteral(", ")));
+        }
     }
-    if (const std::optional<double> value = parseField(Kind::Switch, fresh)) {
-        settings.factoryFresh = *value != 0;
-    } else {
-        settings.problems << QStringLiteral("environment: %1: \"%2\" is not %3; %4 is used")
-                                 .arg(QLatin1String(variable), fresh, describeKind(Kind::Switch),
-                                      formatField(Kind::Switch, settings.factoryFresh ? 1 : 0));
+}
+
+/// Limits the wrong way round are told, and the built-in ones used.
+void checkLimits(IniFile& ini, ConfigurationValues& values)
+{
+    const ConfigurationValues builtIn;
+    // A maximum follows its minimum in the table.
+    for (std::size_t row = 0; row + 1 < memberCount; ++row) {
+        const QString lowest = QLatin1String(memberTable()[row].field.key);
+        std::int32_t& minimum = values.members[row];
+        std::int32_t& maximum = values.members[row + 1];
+        if (!lowest.endsWith(QLatin1String("Min")) || minimum <= maximum) {
+            continue;
+        }
+        const QString highest = QLatin1String(memberTable()[row + 1].field.key);
+        const QString reason =
+            QStringLiteral("%1=%2 is above %3=%4; %5 and %6 are used")
+                .arg(lowest, QString::number(minimum), highest, QString::number(maximum),
+                     QString::number(builtIn.members[row]),
+                     QString::number(builtIn.members[row + 1]));
+        // Told in the lines that say so.
+        for (const QString& key : {lowest, highest}) {
+            if (ini.text(configurationSection, key)) {
+                ini.addProblem(configurationSection, key, reason);
+            }
+        }
+        minimum = builtIn.members[row];
+        maximum = builtIn.members[row + 1];
     }
 }
 
@@ -115,6 +173,7 @@ void readConfiguration(IniFile& ini, ConfigurationValues& values)
         values.members[row] = as<std::int32_t>(
             ini.numberOr(configurationSection, memberTable()[row].field, values.members[row]));
     }
+    checkLimits(ini, values);
 }
 
 QStringList splitList(const QString& text)
@@ -186,34 +245,69 @@ CameraSettings readCamera(IniFile& ini, const QString& file, const QString& sect
         double& value = camera.values[static_cast<std::size_t>(facts.parameter)];
         value = ini.numberOr(section, facts.field, value);
     }
-    if (const auto ports = ini.text(section, QStringLiteral("ports"))) {
+    if (const auto ports = ini.text(section, portsKey)) {
         camera.ports = splitList(*ports);
     }
     readTable(ini, file, camera);
+    ini.finish(section);
     return camera;
+}
+
+/// Leaves a port to the camera that names it first.
+void takePorts(IniFile& ini, CameraSettings& camera, QHash<QString, QString>& owners)
+{
+    QStringList free;
+    for (const QString& port : std::as_const(camera.ports)) {
+        const QString owner = owners.value(port, camera.section);
+        if (owner == camera.section) {
+            owners.insert(port, owner);
+            free << port;
+        } else {
+            ini.addProblem(camera.section, portsKey,
+                           QStringLiteral("%1 is the port of [%2]; this camera is not on it")
+                               .arg(quoted(port), owner));
+        }
+    }
+    camera.ports = free;
 }
 
 void readCameras(IniFile& ini, Settings& settings)
 {
     std::vector<CameraSettings> cameras;
-    QSet<qint64> serials;
-    const QStringList sections =
-        ini.sections().filter(QRegularExpression(QLatin1Char('^') + cameraSection));
+    QHash<qint64, QString> serials;
+    QHash<QString, QString> ports;
+    const QStringList sections = ini.sections();
     for (const QString& section : sections) {
+        if (!section.startsWith(cameraSection)) {
+            continue;
+        }
         CameraSettings camera = readCamera(ini, settings.file, section);
         const auto serial =
             static_cast<qint64>(camera.values[static_cast<std::size_t>(Parameter::serialNumber)]);
         if (serials.contains(serial)) {
             ini.addProblem(section, QLatin1String(factsOf(Parameter::serialNumber).field.key),
-                           QStringLiteral("another camera has the number %1; this one is left out")
-                               .arg(serial));
+                           QStringLiteral("%1 is the number of [%2]; this camera is left out")
+                               .arg(QString::number(serial), serials.value(serial)));
             continue;
         }
-        serials.insert(serial);
+        serials.insert(serial, section);
+        takePorts(ini, camera, ports);
         cameras.push_back(std::move(camera));
     }
     if (!cameras.empty()) {
         settings.cameras = std::move(cameras);
+    }
+}
+
+void rejectOtherSections(IniFile& ini)
+{
+    const QStringList sections = ini.sections();
+    for (const QString& section : sections) {
+        if (section != simulatorSection && section != configurationSection &&
+            !section.startsWith(cameraSection)) {
+            ini.rejectSection(section, QStringLiteral("unknown section; there are [simulator], "
+                                                      "[configuration] and [camera...]"));
+        }
     }
 }
 
@@ -224,17 +318,24 @@ CameraSettings::CameraSettings()
       table(factoryTable(values))
 {}
 
+Settings::Settings() : cameras(1) {}
+
+void Settings::read(IniFile& ini)
+{
+    readSimulator(ini, *this);
+    readConfiguration(ini, configuration);
+    readCameras(ini, *this);
+    rejectOtherSections(ini);
+    problems = ini.problems();
+}
+
 Settings Settings::load()
 {
     Settings settings;
-    settings.cameras.emplace_back();
     settings.file = findFile();
     if (!settings.file.isEmpty()) {
         IniFile ini(settings.file);
-        readSimulator(ini, settings);
-        readConfiguration(ini, settings.configuration);
-        readCameras(ini, settings);
-        settings.problems = ini.problems();
+        settings.read(ini);
     }
     readEnvironment(settings);
     return settings;

@@ -2,7 +2,7 @@
 // What the settings file and the environment may say, with the built-in values.
 #pragma once
 
-#include "simulator/configuration.h"
+#include "simulator/configurationvalues.h"
 #include "simulator/parameters.h"
 
 #include <QtCore/QByteArray>
@@ -13,6 +13,8 @@
 #include <vector>
 
 namespace simulator {
+
+class IniFile;
 
 /// One camera as it left the factory, and where it is plugged in.
 struct CameraSettings {
@@ -39,9 +41,13 @@ struct Behaviour {
 };
 
 struct Settings {
+    Settings(); ///< the built-in values
+
     /// Reads the environment and the file that it names, or else "simulator.ini" in the current
     /// directory, or else nothing.
     static Settings load();
+    /// Takes everything from a file that has been read.
+    void read(IniFile& ini);
 
     QString file; ///< empty: the built-in values
     // Paths; empty: standard error, no journal, no plan, no memory.
@@ -50,6 +56,7 @@ struct Settings {
     QString planFile;
     QString memoryFolder;
     bool factoryFresh = false; ///< forget the memory at the start
+    bool strict = false;       ///< a problem ends the program
     Behaviour behaviour;
     ConfigurationValues configuration;
     std::vector<CameraSettings> cameras;

@@ -33,19 +33,23 @@ void Simulator::restart()
 void Simulator::load()
 {
     settings = Settings::load();
-    logWriter.setFile(settings.logFile);
-    for (const QString& problem : std::as_const(settings.problems)) {
-        logWriter.problem(problem);
+    plan.setFile(settings.planFile);
+    logWriter.setStrict(settings.strict);
+    QStringList problems = settings.problems + plan.problems();
+    if (settings.strict && !settings.planFile.isEmpty() && !plan.isThere()) {
+        problems << QStringLiteral("%1: there is no such file").arg(settings.planFile);
     }
+    if (settings.strict) {
+        // Before any file is written, and the log is one.
+        logWriter.problems(problems);
+    }
+    logWriter.setFile(settings.logFile);
+    logWriter.problems(problems);
     if (const QString reason = journalWriter.setFile(settings.journalFile); !reason.isEmpty()) {
         logWriter.problem(
             QStringLiteral("journal %1: %2; there is none").arg(settings.journalFile, reason));
     }
     timePiece.setManual(settings.behaviour.manualClock);
-    plan.setFile(settings.planFile);
-    for (const QString& problem : plan.problems()) {
-        logWriter.problem(problem);
-    }
     powerCyclesDone = plan.powerCycles();
 
     memory.setFolder(settings.memoryFolder);
@@ -122,9 +126,7 @@ void Simulator::followPlan()
         return;
     }
     logWriter.notice(QStringLiteral("the plan has changed: %1").arg(settings.planFile));
-    for (const QString& problem : plan.problems()) {
-        logWriter.problem(problem);
-    }
+    logWriter.problems(plan.problems());
     // What the old plan broke must not outlive it.
     for (const auto& device : devices) {
         device->setHanging(false);

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 // A program that uses the SDK as little as a program can, so that a test sees what a process of its
-// own writes where.
+// own writes where. Before its calls it puts another plan in the place of the first, when it is
+// given one.
 #include "sdk/ombrix_sdk.h"
 
+#include <cstdlib>
+#include <filesystem>
 #include <string>
 
-int main()
+int main(int argc, char* argv[])
 {
     ombrix_sdk::IOmbrixSdk* const sdk = ombrix_sdk::OmbrixSdk::get_instance();
     sdk->initialize();
@@ -27,6 +30,10 @@ int main()
     char context = 0;
     if (camera == nullptr || camera->connect(&context) != 1) {
         return 1;
+    }
+    if (argc > 1) {
+        std::filesystem::copy_file(argv[1], std::getenv("TAVREL_SIMULATOR_PLAN"),
+                                   std::filesystem::copy_options::overwrite_existing);
     }
     camera->setGamma(camera->getGamma() + 1);
     ombrix_sdk::Zoom zoom{2.5F, 1, 2, 1};

@@ -394,75 +394,138 @@ private Q_SLOTS:
 
     // ---- mistakes in a plan
 
-    void aMistakeInAPlanIsTold_data()
+    void aMistakeInAPlanIsToldAndItsSectionDoesNothing_data()
     {
         QTest::addColumn<QByteArray>("plan");
         QTest::addColumn<QString>("message");
-        QTest::newRow("no such operation") << QByteArray("[setGama]\ncalls=always")
-                                           << QStringLiteral("[setGama] calls: unknown key");
-        QTest::newRow("no such pattern")
-            << QByteArray("[put*]\ncalls=always") << QStringLiteral("[put*] calls: unknown key");
-        QTest::newRow("no such key")
-            << QByteArray("[setGsk]\ncall=1") << QStringLiteral("[setGsk] call: unknown key");
-        QTest::newRow("calls") << QByteArray("[setGsk]\ncalls=often")
-                               << QStringLiteral(
-                                      "[setGsk] calls: \"often\" is neither always nor a list "
-                                      "such as 3, 5-7, 9-; always is used");
-        QTest::newRow("call 0") << QByteArray("[setGsk]\ncalls=0")
-                                << QStringLiteral(
-                                       "[setGsk] calls: \"0\" is neither always nor a list "
-                                       "such as 3, 5-7, 9-; always is used");
-        QTest::newRow("backwards")
-            << QByteArray("[setGsk]\ncalls=5-3")
-            << QStringLiteral("[setGsk] calls: \"5-3\" is neither always nor a "
-                              "list such as 3, 5-7, 9-; always is used");
-        QTest::newRow("probability")
-            << QByteArray("[setGsk]\nprobability=often")
-            << QStringLiteral("[setGsk] probability: \"often\" is not a number; "
-                              "1 is used");
-        QTest::newRow("value") << QByteArray("[setGsk]\nvalue=no")
-                               << QStringLiteral(
-                                      "[setGsk] value: \"no\" is nothing that it can answer; "
-                                      "the answer of a failure is used");
-        QTest::newRow("value too large")
-            << QByteArray("[setGsk]\nvalue=4294967296")
-            << QStringLiteral(
-                   "[setGsk] value: \"4294967296\" is nothing that it can answer; the answer "
-                   "of a failure is used");
-        QTest::newRow("treatment")
-            << QByteArray("[loadBadPixelList]\nvalue=bad")
-            << QStringLiteral("[loadBadPixelList] value: \"bad\" is nothing that "
-                              "it can answer; the answer of a failure is used");
-        QTest::newRow("delay") << QByteArray("[setGsk]\ndelay=-1")
-                               << QStringLiteral(
-                                      "[setGsk] delay: \"-1\" is not a whole number from 0 to "
-                                      "4294967295; 0 is used");
-        QTest::newRow("hangUp") << QByteArray("[setGsk]\nhangUp=maybe")
-                                << QStringLiteral(
-                                       "[setGsk] hangUp: \"maybe\" is not true, false or a "
-                                       "whole number from 0 to 255; false is used");
-        QTest::newRow("cycles") << QByteArray("[power]\ncycles=many")
-                                << QStringLiteral(
-                                       "[power] cycles: \"many\" is not a whole number from 0 "
-                                       "to 4294967295; 0 is used");
+        const auto row = [](const char* name, const QByteArray& plan, const char* message) {
+            QTest::newRow(name) << plan << QString::fromLatin1(message);
+        };
+        row("no such operation", "[setGama]\ncalls=always",
+            "1: [setGama]: no operation has this name; the section does nothing");
+        row("no such pattern", "[put*]\ncalls=always",
+            "1: [put*]: no operation has this name; the section does nothing");
+        row("no key", "[setGsk]",
+            "1: [setGsk]: a rule has one of the keys calls, probability, seed, value, carryOut, "
+            "delay, hangUp; the section does nothing");
+        row("no such key", "[setGsk]\ncall=1",
+            "2: [setGsk] call: unknown key; there are calls, probability, seed, value, carryOut, "
+            "delay, hangUp");
+        for (const char* const calls :
+             {"often", "", "0", "0-2", "2-1", "3,", ",3", "3,,4", "-3", "3--", "1,0", "1.5", "0x3",
+              "3;4", "9999999999", "always,3"}) {
+            row(QByteArray("calls ") + calls, QByteArray("[setGsk]\ncalls=") + calls,
+                QByteArray("2: [setGsk] calls: \"") + calls +
+                    "\" is neither always nor a list such as 3, 5-7, 9-, counted from 1; the "
+                    "section "
+                    "does nothing");
+        }
+        for (const char* const share : {"often", "1.5", "-0.1", "nan", ""}) {
+            row(QByteArray("probability ") + share, QByteArray("[setGsk]\nprobability=") + share,
+                QByteArray("2: [setGsk] probability: \"") + share +
+                    "\" is not a number from 0 to 1; the section does nothing");
+        }
+        row("value of a flag", "[setGsk]\nvalue=256",
+            "2: [setGsk] value: \"256\" is not a whole number from 0 to 255; the section does "
+            "nothing");
+        row("value of a word", "[getGsk]\nvalue=4294967296",
+            "2: [getGsk] value: \"4294967296\" is not a whole number from 0 to 4294967295; the "
+            "section does nothing");
+        row("value of the versions", "[getVersions]\nvalue=-1",
+            "2: [getVersions] value: \"-1\" is not a whole number from 0 to 4294967295; the "
+            "section does nothing");
+        row("value of an error code", "[readTableData]\nvalue=no",
+            "2: [readTableData] value: \"no\" is not a whole number from -2147483648 to "
+            "2147483647; the section does nothing");
+        row("value of a group", "[*]\nvalue=1000",
+            "2: [*] value: \"1000\" is not a whole number from 0 to 255; the section does "
+            "nothing");
+        row("value of an operation without one", "[refresh]\nvalue=1",
+            "2: [refresh] value: \"1\" is of no use: refresh answers no number; the section does "
+            "nothing");
+        row("treatment", "[loadBadPixelList]\nvalue=bad",
+            "2: [loadBadPixelList] value: \"bad\" is not missing, empty, long or a number of "
+            "entries; the section does nothing");
+        row("seed", "[setGsk]\nseed=-1",
+            "2: [setGsk] seed: \"-1\" is not a whole number from 0 to 4294967295; the section does "
+            "nothing");
+        row("delay", "[setGsk]\ndelay=-1",
+            "2: [setGsk] delay: \"-1\" is not a whole number from 0 to 4294967295; the section "
+            "does nothing");
+        row("carryOut", "[setGsk]\ncarryOut=maybe",
+            "2: [setGsk] carryOut: \"maybe\" is not true, false or a whole number from 0 to 255; "
+            "the section does nothing");
+        row("hangUp", "[setGsk]\nhangUp=maybe",
+            "2: [setGsk] hangUp: \"maybe\" is not true, false or a whole number from 0 to 255; the "
+            "section does nothing");
+        row("a line that is none", "[setGsk]\ncalls 3\ndelay=1",
+            "2: \"calls 3\" is neither [section] nor key=value");
+        row("a comment of another kind", "[setGsk]\ndelay=1\n# calls=3",
+            "3: \"# calls=3\": a comment begins with ;");
+        row("control character", "[setGsk]\ndelay=1\n\x01",
+            "3: control character 0x01; the line is not used");
+        row("a key twice", "[setGsk]\ncalls=3\ncalls=4",
+            "3: \"calls\" stands in line 2 already; this line is not used");
+        row("a section that does not end", "[setGsk\ncalls=always",
+            "1: \"[setGsk\" is no [section]; what follows up to the next is not used");
+        row("outside of a section", "calls=always",
+            "1: \"calls\" stands before the first [section]; it is not used");
+        row("cycles", "[power]\ncycles=many",
+            "2: [power] cycles: \"many\" is not a whole number from 0 to 4294967295; the section "
+            "does nothing");
+        row("another key of the power", "[power]\ncycle=1",
+            "2: [power] cycle: unknown key; there are cycles");
     }
 
-    void aMistakeInAPlanIsTold()
+    void aMistakeInAPlanIsToldAndItsSectionDoesNothing()
     {
         QFETCH(QByteArray, plan);
         QFETCH(QString, message);
         Planned scene(plan + '\n');
         const QStringList expected(
-            QStringLiteral("problem  %1: %2").arg(scene.path(planFile), message));
+            QStringLiteral("problem  %1:%2").arg(scene.path(planFile), message));
         QCOMPARE(scene.newLog(), expected);
-        // And again when a plan that changed is wrong.
         ICamera& camera = scene.camera();
+        QCOMPARE(answers(camera, 8), QByteArray("11111111"));
+        QCOMPARE(camera.getGsk(), 1U);
+        // Told again when a plan that changed is wrong.
         scene.write(planFile, "");
         camera.refresh();
         scene.newLog();
         scene.write(planFile, plan + "\n\n");
         camera.refresh();
         QCOMPARE(scene.newLog().mid(1, 1), expected);
+    }
+
+    void aSectionGivenTwiceCountsAsItStandsFirst()
+    {
+        Planned scene("[setGsk]\ncalls=2\n[setGsk]\ncalls=always\n");
+        QCOMPARE(answers(scene.camera(), 4), QByteArray("1011"));
+        QCOMPARE(
+            scene.newProblems(),
+            QStringList(QStringLiteral("problem  %1:3: [setGsk] stands in line 1 already; what "
+                                       "follows up to the next section is not used")
+                            .arg(scene.path(planFile))));
+    }
+
+    void aMistakeLeavesTheOtherSectionsAlone()
+    {
+        Planned scene("[getGsk]\ncalls=0\n[setGsk]\ncalls=2\n[setGfid\nvalue=7\n");
+        ICamera& camera = scene.camera();
+        QCOMPARE(answers(camera, 4), QByteArray("1011"));
+        QCOMPARE(camera.getGsk(), 1U);
+        QCOMPARE(scene.newProblems().size(), 2);
+    }
+
+    void aWrongNumberOfCyclesSwitchesNothing()
+    {
+        Planned scene("[power]\ncycles=1\n");
+        ICamera& camera = scene.camera();
+        camera.setTestPattern(true);
+        scene.write(planFile, "[power]\ncycles=2\nagain=1\n");
+        QCOMPARE(camera.getTestPattern(), Flag{1});
+        scene.write(planFile, "[power]\ncycles=2\n");
+        QCOMPARE(camera.getTestPattern(), Flag{0});
     }
 
     // ---- the plans that come along

@@ -21,7 +21,7 @@ struct Output {
 };
 
 /// Runs a program of its own in the scene's directory with additional variables.
-Output run(const QStringList& variables = {})
+Output run(const QStringList& variables = {}, const QStringList& arguments = {})
 {
     QProcess process;
     QStringList environment = QProcess::systemEnvironment();
@@ -31,7 +31,7 @@ Output run(const QStringList& variables = {})
         }
     }
     process.setEnvironment(environment + variables);
-    process.start(QStringLiteral(TAVREL_PROBE), QStringList());
+    process.start(QStringLiteral(TAVREL_PROBE), arguments);
     Output output;
     if (process.waitForFinished()) {
         output = {process.exitCode(), scene::linesOf(process.readAllStandardOutput()),
@@ -127,8 +127,9 @@ private Q_SLOTS:
     void mistakesInTheSettingsAreToldOnStandardErrorAndInTheLogFile()
     {
         Scene scene;
-        scene.write(QStringLiteral("simulator.ini"), "[simulator]\nlog=other.log\nspeed=1\n");
-        const QString told = QStringLiteral("problem  %1: [simulator] speed: unknown key")
+        scene.write(QStringLiteral("simulator.ini"),
+                    "[simulator]\nlog=other.log\n[camera]\ngama=1\n");
+        const QString told = QStringLiteral("problem  %1:4: [camera] gama: unknown key")
                                  .arg(scene.path(QStringLiteral("simulator.ini")));
         QCOMPARE(withoutTime(run().standardError), QStringList(told));
         QVERIFY(QString::fromUtf8(scene.read(QStringLiteral("other.log"))).contains(told));
@@ -145,6 +146,120 @@ private Q_SLOTS:
                  qPrintable(lines.value(0)));
         QCOMPARE(lines.mid(4), recordsOfTheProbe);
     }
+
+    // ---- strict: a mistake ends the program
+
+    void aMistakeEndsAStrictProgramWithStatus2_data()
+    {
+        QTest::addColumn<QStringList>("variables");
+        QTest::addColumn<QString>("told"); // %1: the scene's folder
+        const auto row = [](const char* name, const char* variable, const QString& told) {
+            QTest::newRow(name) << QStringList({QStringLiteral("TAVREL_SIMULATOR_STRICT=1"),
+                                                QStringLiteral("TAVREL_SIMULATOR_") +
+                                                    QLatin1String(variable)})
+                                << told;
+        };
+        row("a wrong setting", "SETTINGS=wrong.ini",
+            QStringLiteral("%1/wrong.ini:2: [camera] gama: unknown key"));
+        row("a wrong plan", "PLAN=wrong.ini",
+            QStringLiteral("%1/wrong.ini:1: [camera]: no operation has this name; the section does "
+                           "nothing"));
+        row("no such settings", "SETTINGS=none.ini",
+            QStringLiteral("%1/none.ini: there is no such file, or it cannot be read"));
+        row("no such plan", "PLAN=none.ini", QStringLiteral("%1/none.ini: there is no such file"));
+        row("an unknown variable", "PLANS=plan.ini",
+            QStringLiteral("environment: TAVREL_SIMULATOR_PLANS: unknown variable; there are "
+                           "TAVREL_SIMULATOR_FACTORY_FRESH, TAVREL_SIMULATOR_JOURNAL, "
+                           "TAVREL_SIMULATOR_LOG, TAVREL_SIMULATOR_MEMORY, TAVREL_SIMULATOR_PLAN, "
+                           "TAVREL_SIMULATOR_SETTINGS, TAVREL_SIMULATOR_STRICT"));
+        row("a switch that is none", "FACTORY_FRESH=perhaps",
+            QStringLiteral("environment: TAVREL_SIMULATOR_FACTORY_FRESH: \"perhaps\" is not true, "
+                           "false or a whole number from 0 to 255; false is used"));
+        row("strict itself is none", "STRICT=yes",
+            QStringLiteral("environment: TAVREL_SIMULATOR_STRICT: \"yes\" is not true, false or a "
+                           "whole number from 0 to 255; true is used"));
+        row("a memory that cannot be made", "MEMORY=wrong.ini/kept",
+            QStringLiteral("memory folder %1/wrong.ini/kept: it cannot be made; nothing will be "
+                           "kept"));
+        row("a damaged memory", "MEMORY=damaged",
+            QStringLiteral("%1/damaged/camera-20417.ini: [memory] format: no value; the damaged "
+                           "file is not used"));
+        row("a log that cannot be opened", "LOG=damaged", QStringLiteral("log file %1/damaged: "));
+        row("a journal that cannot be opened", "JOURNAL=damaged",
+            QStringLiteral("journal %1/damaged: "));
+    }
+
+    void aMistakeEndsAStrictProgramWithStatus2()
+    {
+        QFETCH(QStringList, variables);
+        QFETCH(QString, told);
+        Scene scene;
+        scene.write(QStringLiteral("wrong.ini"), "[camera]\ngama=1\n");
+        QVERIFY(QDir().mkdir(QStringLiteral("damaged")));
+        scene.write(QStringLiteral("damaged/camera-20417.ini"), "rubbish");
+        const Output output = run(variables);
+        QCOMPARE(output.exitCode, 2);
+        QCOMPARE(output.standardOutput, QStringList());
+        const QStringList lines = withoutTime(output.standardError);
+        QCOMPARE(lines.size(), 1);
+        const QString begin = QStringLiteral("problem  ") + told.arg(QDir::currentPath());
+        QVERIFY2(lines.at(0).startsWith(begin), qPrintable(lines.at(0)));
+        QCOMPARE(scene.read(QStringLiteral("damaged/camera-20417.ini")), QByteArray("rubbish"));
+    }
+
+    void aStrictProgramThatEndsHasTouchedNothing()
+    {
+        Scene scene;
+        scene.write(QStringLiteral("wrong.ini"),
+                    "[simulator]\nlog=other.log\njournal=calls.txt\nmemory=new\nspeed=1\n"
+                    "[kamera]\ngamma=1\n");
+        scene.write(QStringLiteral("other.log"), "of before\n");
+        scene.write(QStringLiteral("calls.txt"), "of before\n");
+        const Output output = run({QStringLiteral("TAVREL_SIMULATOR_STRICT=true"),
+                                   QStringLiteral("TAVREL_SIMULATOR_SETTINGS=wrong.ini")});
+        QCOMPARE(output.exitCode, 2);
+        QCOMPARE(output.standardError.size(), 2);
+        QCOMPARE(scene.read(QStringLiteral("other.log")), QByteArray("of before\n"));
+        QCOMPARE(scene.read(QStringLiteral("calls.txt")), QByteArray("of before\n"));
+        QVERIFY(!scene.exists(QStringLiteral("new")));
+    }
+
+    void aPlanThatGoesWrongLaterEndsAStrictProgram()
+    {
+        Scene scene;
+        scene.write(QStringLiteral("plan.ini"), "");
+        scene.write(QStringLiteral("right.ini"), "[setGamma]\ncalls=1\n");
+        scene.write(QStringLiteral("wrong.ini"), "[setGamma]\ncalls=0\n");
+        const QStringList variables = {QStringLiteral("TAVREL_SIMULATOR_STRICT=1"),
+                                       QStringLiteral("TAVREL_SIMULATOR_PLAN=plan.ini")};
+        QCOMPARE(run(variables, {QStringLiteral("right.ini")}).exitCode, 0);
+        scene.write(QStringLiteral("plan.ini"), "");
+        const Output output = run(variables, {QStringLiteral("wrong.ini")});
+        QCOMPARE(output.exitCode, 2);
+        QVERIFY(output.standardError.last().contains(QStringLiteral("plan.ini:2: ")));
+    }
+
+    void withoutMistakesAStrictProgramRunsOn_data()
+    {
+        QTest::addColumn<QString>("strict");
+        QTest::newRow("strict") << QStringLiteral("1");
+        QTest::newRow("not strict, with a mistake") << QStringLiteral("0");
+        QTest::newRow("not said") << QString();
+    }
+
+    void withoutMistakesAStrictProgramRunsOn()
+    {
+        QFETCH(QString, strict);
+        Scene scene;
+        const Output output =
+            run({QStringLiteral("TAVREL_SIMULATOR_STRICT=") + strict,
+                 strict == QLatin1String("1") ? QString()
+                                              : QStringLiteral("TAVREL_SIMULATOR_PLANS=plan.ini")});
+        QCOMPARE(output.exitCode, 0);
+        QVERIFY(output.standardError.size() > 3);
+    }
+
+    // ---- the journal
 
     void theJournalHoldsEveryCallWithArgumentsAndAnswer_data()
     {

@@ -83,7 +83,7 @@ private Q_SLOTS:
         QCOMPARE(key.read(scene), builtIn);
         const QStringList log = scene.newProblems();
         QCOMPARE(log.size(), 1);
-        const QString begin = QStringLiteral("problem  %1: [%2] %3: \"much\" is not ")
+        const QString begin = QStringLiteral("problem  %1:2: [%2] %3: \"much\" is not ")
                                   .arg(scene.path(QStringLiteral("simulator.ini")),
                                        QLatin1String(section), QLatin1String(key.name));
         QVERIFY2(log.at(0).startsWith(begin), qPrintable(log.at(0)));
@@ -161,7 +161,7 @@ private Q_SLOTS:
         scene.camera();
         const QStringList log = scene.newProblems();
         QCOMPARE(log.size(), 1);
-        QVERIFY2(log.at(0).endsWith(QStringLiteral("simulator.ini: ") + message),
+        QVERIFY2(log.at(0).endsWith(QStringLiteral("simulator.ini:2: ") + message),
                  qPrintable(log.at(0)));
     }
 
@@ -170,13 +170,19 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<QString>("message");
         QTest::newRow("in [simulator]")
-            << QByteArray("[simulator]\nspeed=1") << QStringLiteral("[simulator] speed");
-        QTest::newRow("in [configuration]") << QByteArray("[configuration]\ndefaultGamma=1")
-                                            << QStringLiteral("[configuration] defaultGamma");
+            << QByteArray("[simulator]\nspeed=1")
+            << QStringLiteral("2: [simulator] speed: unknown key; there are log, journal, plan, "
+                              "memory, factoryFresh, seed, manualClock, warmUp, latency, timeout, "
+                              "nucDuration");
+        QTest::newRow("in [configuration]")
+            << QByteArray("[configuration]\ndefaultGamma=1")
+            << QStringLiteral("2: [configuration] defaultGamma: unknown key");
         QTest::newRow("of a camera")
-            << QByteArray("[camera]\ngama=1") << QStringLiteral("[camera] gama");
+            << QByteArray("[camera]\ngama=1") << QStringLiteral("2: [camera] gama: unknown key");
         QTest::newRow("another section")
-            << QByteArray("[kamera]\ngamma=1") << QStringLiteral("[kamera] gamma");
+            << QByteArray("[kamera]\ngamma=1\ngsk=1")
+            << QStringLiteral("1: [kamera]: unknown section; there are [simulator], "
+                              "[configuration] and [camera...]");
     }
 
     void aKeyThatMeansNothingIsTold()
@@ -187,19 +193,133 @@ private Q_SLOTS:
         scene.camera();
         const QStringList log = scene.newProblems();
         QCOMPARE(log.size(), 1);
-        QVERIFY2(log.at(0).endsWith(QStringLiteral("simulator.ini: ") + message +
-                                    QStringLiteral(": unknown key")),
+        QVERIFY2(log.at(0).endsWith(QStringLiteral("simulator.ini:") + message),
                  qPrintable(log.at(0)));
     }
 
-    void aFileThatIsNoIniFileIsToldAndUsedAsFarAsItGoes()
+    void aLineThatIsNoneIsToldByItsNumber_data()
     {
-        Scene scene("[camera]\nthis is no line of an INI file\ngamma=2.2\n");
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QStringList>("told"); // by "number: message"
+        const auto row = [](const char* name, const QByteArray& text, const QStringList& told) {
+            QTest::newRow(name) << text << told;
+        };
+        row("no line of an INI file", "[camera]\nthis is none\ngamma=2.2\n",
+            {QStringLiteral("2: \"this is none\" is neither [section] nor key=value")});
+        row("a value without a key", "[camera]\n=1\ngamma=2.2\n",
+            {QStringLiteral("2: \"=1\" is neither [section] nor key=value")});
+        row("a long one", "[camera]\n" + QByteArray(1000, 'x') + "\ngamma=2.2\n",
+            {QStringLiteral("2: \"%1...\" is neither [section] nor key=value")
+                 .arg(QString(60, QLatin1Char('x')))});
+        row("a byte order mark", "\xEF\xBB\xBF[camera]\ngamma=2.2\n",
+            {QStringLiteral("1: the file begins with a byte order mark, which is skipped")});
+        row("a byte order mark and more", "\xEF\xBB\xBFgsk=1\n[camera]\ngamma=2.2\n",
+            {QStringLiteral("1: the file begins with a byte order mark, which is skipped")});
+        row("a comment of another kind", "[camera]\n# gamma\ngamma=2.2\n// gamma=1\n",
+            {QStringLiteral("2: \"# gamma\": a comment begins with ;"),
+             QStringLiteral("4: \"// gamma=1\": a comment begins with ;")});
+        row("control characters", QByteArray("[camera]\ngsk=\0001\ngamma=2.2\n\x1B[0m\n", 30),
+            {QStringLiteral("2: control character 0x00; the line is not used"),
+             QStringLiteral("4: control character 0x1b; the line is not used")});
+        row("no UTF-8", "[camera]\nports=\xFF\ngamma=2.2\n",
+            {QStringLiteral("2: no text in UTF-8; the line is not used")});
+        row("a key before every section", "gamma=1\n[camera]\ngamma=2.2\n",
+            {QStringLiteral("1: \"gamma\" stands before the first [section]; it is not used")});
+        row("a key twice", "[camera]\ngamma=2.2\ngamma=1\n",
+            {QStringLiteral("3: \"gamma\" stands in line 2 already; this line is not used")});
+        row("a section twice", "[camera]\ngamma=2.2\n[camera]\ngamma=1\ngama=1\n",
+            {QStringLiteral("3: [camera] stands in line 1 already; what follows up to the next "
+                            "section is not used")});
+        row("a section that does not end", "[camera]\ngamma=2.2\n[simulator\ngsk=1\n",
+            {QStringLiteral("3: \"[simulator\" is no [section]; what follows up to the next is "
+                            "not used")});
+        row("a section that cannot be read", "[camera]\ngamma=2.2\n[camera\x01]\ngsk=1\ngamma=1\n",
+            {QStringLiteral("3: control character 0x01; the line is not used")});
+        row("several, by their lines", "[camera]\ngama=1\ngamma=2.2\n[kamera]\n???\ngsk=no\n",
+            {QStringLiteral("2: [camera] gama: unknown key"),
+             QStringLiteral("4: [kamera]: unknown section; there are [simulator], [configuration] "
+                            "and [camera...]"),
+             QStringLiteral("5: \"???\" is neither [section] nor key=value")});
+    }
+
+    void aLineThatIsNoneIsToldByItsNumber()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(QStringList, told);
+        Scene scene(text);
+        for (QString& message : told) {
+            message = QStringLiteral("problem  %1:%2")
+                          .arg(scene.path(QStringLiteral("simulator.ini")), message);
+        }
         QCOMPARE(scene.camera().getGamma(), 144179U);
+        QCOMPARE(scene.newProblems(), told);
+    }
+
+    void linesOfTheOtherSystemAreUnderstood()
+    {
+        Scene scene("[camera]\r\n; comment\r\n\r\n\tgamma = 2.2 \r\n");
+        QCOMPARE(scene.camera().getGamma(), 144179U);
+        QCOMPARE(scene.newProblems(), QStringList());
+    }
+
+    void aFileWithoutAnEndIsToldAndNotRead()
+    {
+        Scene scene;
+        scene.write(QStringLiteral("long.ini"),
+                    "[camera]\ngamma=2.2\n" + QByteArray(1'000'000, '\n'));
+        Scene::setVariable("TAVREL_SIMULATOR_SETTINGS", QStringLiteral("long.ini"));
+        scene.restart();
+        QCOMPARE(scene.camera().getGamma(), 65536U);
+        QCOMPARE(scene.newProblems(),
+                 QStringList(QStringLiteral("problem  %1: it is longer than 1000000 bytes; nothing "
+                                            "of it is used")
+                                 .arg(scene.path(QStringLiteral("long.ini")))));
+    }
+
+    void aMinimumAboveItsMaximumIsToldAndTheBuiltInOnesUsed()
+    {
+        Scene scene(ini(
+            {"[configuration]", "gskMin=30", "gskMax=10", "tintMax=-1", "gmsMin=50", "gmsMax=50"}));
+        const ombrix_sdk::ISdkConfiguration& limits = scene.configuration();
+        QCOMPARE(limits.gskMin, 0);
+        QCOMPARE(limits.gskMax, 20);
+        QCOMPARE(limits.tintMin, 0);
+        QCOMPARE(limits.tintMax, 100);
+        QCOMPARE(limits.gmsMin, 50);
+        const QString file = scene.path(QStringLiteral("simulator.ini"));
+        QCOMPARE(scene.newProblems(),
+                 QStringList({QStringLiteral("problem  %1:2: [configuration] gskMin: gskMin=30 is "
+                                             "above gskMax=10; 0 and 20 are used")
+                                  .arg(file),
+                              QStringLiteral("problem  %1:3: [configuration] gskMax: gskMin=30 is "
+                                             "above gskMax=10; 0 and 20 are used")
+                                  .arg(file),
+                              QStringLiteral("problem  %1:4: [configuration] tintMax: tintMin=0 is "
+                                             "above tintMax=-1; 0 and 100 are used")
+                                  .arg(file)}));
+    }
+
+    void aPortIsThatOfTheFirstCameraThatNamesIt_data()
+    {
+        QTest::addColumn<QByteArray>("ports");
+        QTest::newRow("by its name") << QByteArray("ports=ttyUSB0");
+        QTest::newRow("as every port") << QByteArray("ports=*");
+    }
+
+    void aPortIsThatOfTheFirstCameraThatNamesIt()
+    {
+        QFETCH(QByteArray, ports);
+        Scene scene("[camera-z]\nserialNumber=1\n" + ports + "\n[camera-a]\nserialNumber=2\n" +
+                    ports + "\n");
+        scene.sdk().initialize();
+        QVERIFY(scene.read(QStringLiteral("sdk.log")).contains("serial number 2 on port \n"));
+        QCOMPARE(scene.camera("ttyUSB0").getSerialNumber(), 1U);
+        const QString port = ports.endsWith('*') ? QStringLiteral("*") : QStringLiteral("ttyUSB0");
         QCOMPARE(
             scene.newProblems(),
-            QStringList(QStringLiteral("problem  %1: line 2 is neither [section] nor key=value")
-                            .arg(scene.path(QStringLiteral("simulator.ini")))));
+            QStringList(QStringLiteral("problem  %1:6: [camera-a] ports: \"%2\" is the port of "
+                                       "[camera-z]; this camera is not on it")
+                            .arg(scene.path(QStringLiteral("simulator.ini")), port)));
     }
 
     void aFileOfRubbishIsSurvived()
@@ -280,7 +400,7 @@ private Q_SLOTS:
         QVERIFY(scene.open("ttyUSB0") != nullptr);
         QVERIFY(scene.open("ttyUSB1") == nullptr);
         QVERIFY(scene.newProblems().value(0).endsWith(QStringLiteral(
-            "[camera-b] serialNumber: another camera has the number 20417; this one is "
+            ":3: [camera-b] serialNumber: 20417 is the number of [camera-a]; this camera is "
             "left out")));
     }
 
@@ -482,7 +602,8 @@ private Q_SLOTS:
               << QStringLiteral("TAVREL_SIMULATOR_JOURNAL")
               << QStringLiteral("TAVREL_SIMULATOR_PLAN")
               << QStringLiteral("TAVREL_SIMULATOR_MEMORY")
-              << QStringLiteral("TAVREL_SIMULATOR_FACTORY_FRESH") << QStringLiteral("calls")
+              << QStringLiteral("TAVREL_SIMULATOR_FACTORY_FRESH")
+              << QStringLiteral("TAVREL_SIMULATOR_STRICT") << QStringLiteral("calls")
               << QStringLiteral("probability") << QStringLiteral("value") << QStringLiteral("delay")
               << QStringLiteral("carryOut") << QStringLiteral("hangUp") << QStringLiteral("cycles");
         for (const QFileInfo& plan :
