@@ -105,18 +105,12 @@ void MainWindow::makeControlConnections()
     onClick(ui->PermanentButton, &MainWindow::changePermanentButtonText);
     onClick(ui->AboutButton, &MainWindow::createAboutWindow);
     connect(ui->clearLogButton, &QPushButton::clicked, ui->logView, &QPlainTextEdit::clear);
-    onClick(ui->ColumnCorrectionButton, &MainWindow::onColumnCorrectionButtonClicked);
-    onClick(ui->VignettingCorrectionButton, &MainWindow::onVignettingCorrectionButtonClicked);
-    onClick(ui->nucEnablingButton, &MainWindow::nucControlRequest);
+#define SWITCH(tab, name, get, set, button, caption, label, on, off, ok, ko, handler)              \
+    onClick(ui->button, &MainWindow::handler);
+#include "params/switches.def"
     onClick(ui->userNucRequest, &MainWindow::ApplyNucRequest);
-    onClick(ui->TestPatternButton, &MainWindow::onTestPatternButtonClicked);
     onClick(ui->autoNucPB, &MainWindow::AutoNucRequest);
     onClick(ui->shutterCtrlPB, &MainWindow::shutterPositionChanged);
-    onClick(ui->sdiOutputButton, &MainWindow::onSdiOutputButtonClicked);
-    onClick(ui->parallelOutputButton, &MainWindow::onParallelOutputButtonClicked);
-    onClick(ui->mipiOutputButton, &MainWindow::onMipiOutputButtonClicked);
-    onClick(ui->polarityButton, &MainWindow::onPolarityButtonClicked);
-    onClick(ui->horizontalFlipButton, &MainWindow::onHorizontalFlipButtonClicked);
     // One click sends the resolution first, then the zoom.
     onClick(ui->configureZoomPB, &MainWindow::onConfigureZoomResolutionClicked);
     onClick(ui->configureZoomPB, &MainWindow::onConfigureZoomClicked);
@@ -129,10 +123,6 @@ void MainWindow::makeControlConnections()
     onClick(ui->removeBadPixelButton, &MainWindow::removeBadPixel);
     onClick(ui->removeBadPixelLineButton, &MainWindow::removeBadPixelLine);
     onClick(ui->removeBadPixelColumnButton, &MainWindow::removeBadPixelColumn);
-    onClick(ui->enableBprPB, &MainWindow::bprControlChanged);
-    onClick(ui->enableOffsetPB, &MainWindow::offsetControlChanged);
-    onClick(ui->enableGainPB, &MainWindow::gainControlChanged);
-    onClick(ui->verticalFlipButton, &MainWindow::verticalFlipChanged);
     onClick(ui->applyBaudrateBP, &MainWindow::changeCameraBaudRate);
 
     connect(ui->roi1IncEnable, &QCheckBox::stateChanged, this, &MainWindow::roi1IncCheck);

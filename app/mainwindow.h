@@ -23,6 +23,7 @@ struct Coordinate;
 struct ExpertValue;
 struct TableEdit;
 struct Toggle;
+enum class Tab;
 
 namespace bpr {
 struct Refusal;
@@ -156,6 +157,8 @@ private:
     bool readCameraParameters();
     void readIdentity(std::uint32_t versions);
     void readToggle(const tavrel::Toggle& toggle);
+    /// Shows the switches of one tab.
+    void readToggles(tavrel::Tab tab);
     void readVideo();
     void readGamma();
     void readRegions();
@@ -164,14 +167,11 @@ private:
     void readEdgeCorrection();
     void readShutterPosition();
     void setToggle(const tavrel::Toggle& toggle);
-    void onColumnCorrectionButtonClicked();
-    void onVignettingCorrectionButtonClicked();
-    void onTestPatternButtonClicked();
-    void onSdiOutputButtonClicked();
-    void onParallelOutputButtonClicked();
-    void onMipiOutputButtonClicked();
-    void onPolarityButtonClicked();
-    void onHorizontalFlipButtonClicked();
+    // The handlers of the switches that are no slots.
+#define SWITCH(tab, name, get, set, button, caption, label, on, off, ok, ko, handler)              \
+    void handler();
+#define SLOT_SWITCH(...)
+#include "params/switches.def"
     void onVideoOutputCBChanged();
     void onFrameRateCBChanged();
     void onConfigureZoomResolutionClicked();

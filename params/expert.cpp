@@ -13,7 +13,6 @@ using tavrel::lowWord;
 using tavrel::mirrorToBox;
 using tavrel::mirrorToSlider;
 namespace expert = tavrel::expert;
-namespace toggle = tavrel::toggle;
 
 void MainWindow::GSKExpertSliderChanged(int value)
 {
@@ -99,10 +98,7 @@ void MainWindow::ReadParamsExpert()
         (ui->*value->pair.box)->setValue(read);
         appendLog(std::string(value->name) + " value = " + std::to_string(read));
     }
-    for (const tavrel::Toggle* feature : {&toggle::bprCorrection, &toggle::offsetCorrection,
-                                          &toggle::gainCorrection, &toggle::verticalFlip}) {
-        readToggle(*feature);
-    }
+    readToggles(tavrel::Tab::Expert);
     appendLog("End reading camera expert parameters");
 }
 

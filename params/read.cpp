@@ -17,7 +17,7 @@
 using std::to_string;
 using tavrel::numberText;
 using tavrel::saturatedInt;
-namespace toggle = tavrel::toggle;
+using tavrel::Tab;
 
 bool MainWindow::readCameraParameters()
 {
@@ -40,19 +40,15 @@ bool MainWindow::readCameraParameters()
     camera->refresh();
     readIdentity(versions);
 
-    for (const tavrel::Toggle* feature :
-         {&toggle::vignettingCorrection, &toggle::columnCorrection, &toggle::nuc,
-          &toggle::testPattern, &toggle::sdiOutput, &toggle::parallelOutput, &toggle::mipiOutput}) {
-        readToggle(*feature);
-    }
+    readToggles(Tab::ImageProcessing);
     readVideo();
-    readToggle(toggle::polarity);
+    readToggles(Tab::Lut);
     readGamma();
     readRegions();
     readLut();
     getTemperature();
     readZoom();
-    readToggle(toggle::horizontalFlip);
+    readToggles(Tab::Zoom);
     readEdgeCorrection();
     appendLog("End reading camera parameters");
     return true;

@@ -28,6 +28,15 @@ void MainWindow::readToggle(const Toggle& toggle)
     appendLog(std::string(toggle.label) + (on ? toggle.onWord : toggle.offWord));
 }
 
+void MainWindow::readToggles(tavrel::Tab tab)
+{
+    for (const Toggle* toggle : tavrel::toggles) {
+        if (toggle->tab == tab) {
+            readToggle(*toggle);
+        }
+    }
+}
+
 void MainWindow::setToggle(const Toggle& toggle)
 {
     // The SDK sees its root asked for before every switch, although only the camera is used.
@@ -45,67 +54,9 @@ void MainWindow::setToggle(const Toggle& toggle)
     reportResult(result, toggle.ok, toggle.ko);
 }
 
-void MainWindow::onTestPatternButtonClicked()
-{
-    setToggle(toggle::testPattern);
-}
-
-void MainWindow::onColumnCorrectionButtonClicked()
-{
-    setToggle(toggle::columnCorrection);
-}
-
-void MainWindow::onVignettingCorrectionButtonClicked()
-{
-    setToggle(toggle::vignettingCorrection);
-}
-
-void MainWindow::onSdiOutputButtonClicked()
-{
-    setToggle(toggle::sdiOutput);
-}
-
-void MainWindow::onParallelOutputButtonClicked()
-{
-    setToggle(toggle::parallelOutput);
-}
-
-void MainWindow::onMipiOutputButtonClicked()
-{
-    setToggle(toggle::mipiOutput);
-}
-
-void MainWindow::onPolarityButtonClicked()
-{
-    setToggle(toggle::polarity);
-}
-
-void MainWindow::onHorizontalFlipButtonClicked()
-{
-    setToggle(toggle::horizontalFlip);
-}
-
-void MainWindow::nucControlRequest()
-{
-    setToggle(toggle::nuc);
-}
-
-void MainWindow::bprControlChanged()
-{
-    setToggle(toggle::bprCorrection);
-}
-
-void MainWindow::offsetControlChanged()
-{
-    setToggle(toggle::offsetCorrection);
-}
-
-void MainWindow::gainControlChanged()
-{
-    setToggle(toggle::gainCorrection);
-}
-
-void MainWindow::verticalFlipChanged()
-{
-    setToggle(toggle::verticalFlip);
-}
+#define SWITCH(tab, name, get, set, button, caption, label, on, off, ok, ko, handler)              \
+    void MainWindow::handler()                                                                     \
+    {                                                                                              \
+        setToggle(toggle::name);                                                                   \
+    }
+#include "params/switches.def"
