@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Every signal connection of the window, row by row: that it is there once, in its form, and that a
 // real emission reaches its handler.
-#include "tests/kit/operator.h"
+#include "tests/params/pairrows.h"
+#include "tests/params/switchrows.h"
 
 #include <QtCore/QMetaMethod>
 #include <QtCore/QTimer>
@@ -11,6 +12,7 @@
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QSlider>
 #include <QtWidgets/QSpinBox>
+#include <QtWidgets/QTabBar>
 
 #include <functional>
 
@@ -18,50 +20,8 @@ namespace {
 
 using kit::Operator;
 
-struct Pair {
-    const char* slider;
-    const char* sliderSlot;
-    double scale; ///< slider to box: value * scale + offset
-    double offset;
-    const char* box;
-    const char* boxSignal;
-    const char* boxSlot;
-    const char* sendSlot;
-    const char* sent; ///< what goes to the camera as the fresh camera was read
-};
-
-// Eleven pairs, each with four connections.
-const char* const decimal = SIGNAL(valueChanged(double));
-const char* const integer = SIGNAL(valueChanged(int));
-const Pair pairs[] = {
-    {"gammaSlider", SLOT(GammaUserSliderChanged(int)), 0.1, 0.5, "gammaEdit", decimal,
-     SLOT(GammaUserValueChanged(double)), SLOT(gammaUserSendCommand()), "camera.setGamma(65536)"},
-    {"clheSlider", SLOT(ClheUserSliderChanged(int)), 1, 0, "clheEdit", decimal,
-     SLOT(ClheUserValueChanged(double)), SLOT(clheSendCommand()), "camera.setClhe(2000)"},
-    {"sharpeningGainSlider", SLOT(SharpeningUserSliderChanged(int)), 0.1, 0, "sharpeningGainEdit",
-     decimal, SLOT(SharpeningUserValueChanged(double)), SLOT(sharpeningSendCommand()),
-     "camera.configureEdgeCorrection(0, 10, 20)"},
-    {"SharpeningTHSlider", SLOT(SharpeningTHSliderChanged(int)), 0.1, 0, "SharpeningTHEdit",
-     decimal, SLOT(SharpeningTHValueChanged(double)), SLOT(sharpeningSendCommand()),
-     "camera.configureEdgeCorrection(0, 10, 20)"},
-    {"AhcBlackGainLimSlider", SLOT(AhcBlackGainlimSliderChanged(int)), 1, 0, "AhcBlackGainLimSpin",
-     integer, SLOT(AhcBlackGainLimSpinValueChanged(int)), SLOT(ahcGainSendCommand()),
-     "camera.setAhcGainsLimitation(10, 20)"},
-    {"AhcWhiteGainLimSlider", SLOT(AhcWhiteGainlimSliderChanged(int)), 1, 0, "AhcWhiteGainLimSpin",
-     integer, SLOT(AhcWhiteGainLimSpinValueChanged(int)), SLOT(ahcGainSendCommand()),
-     "camera.setAhcGainsLimitation(10, 20)"},
-    {"TempoFilterSlider", SLOT(TempoFilterSliderChanged(int)), 1, 0, "TempoFilterSpin", integer,
-     SLOT(TempoFiltSpinValueChanged(int)), SLOT(tempoFilterSendCommand()),
-     "camera.setLutTemporalFilter(3)"},
-    {"gskSlider", SLOT(GSKExpertSliderChanged(int)), 1, 0, "gskEdit", decimal,
-     SLOT(GSKExpertValueChanged(double)), SLOT(gskSendCommand()), "camera.setGsk(2)"},
-    {"gfidSlider", SLOT(GFIDExpertSliderChanged(int)), 1, 0, "gfidEdit", decimal,
-     SLOT(GFIDExpertValueChanged(double)), SLOT(gfiSendCommand()), "camera.setGfid(300)"},
-    {"gmsSlider", SLOT(GMSExpertSliderChanged(int)), 1, 0, "gmsEdit", decimal,
-     SLOT(GMSExpertValueChanged(double)), SLOT(gmsSendCommand()), "camera.setGms(40)"},
-    {"tintSlider", SLOT(TINTExpertSliderChanged(int)), 1, 0, "tintEdit", decimal,
-     SLOT(TINTExpertValueChanged(double)), SLOT(tintSendCommand()), "camera.setTint(5)"},
-};
+using Pair = pairrows::Row;
+using pairrows::rows;
 
 struct Field {
     const char* box;
@@ -119,11 +79,11 @@ struct Control {
     std::function<void(Operator&)> proof;
 };
 
-Control commandButton(const char* button, const char* call)
+Control commandButton(const char* button, const QString& call)
 {
     return {button, SIGNAL(clicked(bool)), [=](Operator& user) {
                 user.click(button);
-                sends(user, {call});
+                QCOMPARE(user.calls(), QStringList(call));
             }};
 }
 
@@ -163,10 +123,9 @@ Control tableEdit(const char* button, const char* operation, const char* coordin
 
 const char* const clicked = SIGNAL(clicked(bool));
 
-// Buttons, enable boxes and lists, in the order of their connections.
-const std::vector<Control>& controls()
+const std::vector<Control>& otherControls()
 {
-    static const std::vector<Control> rows = {
+    static const std::vector<Control> all = {
         logButton("resetParamButtonUser", "Start applying camera parameters"),
         logButton("readParamButtonUser", "Start reading camera parameters"),
         logButton("readParamButtonExpert", "Start reading camera expert parameters"),
@@ -207,18 +166,9 @@ const std::vector<Control>& controls()
              user.click("clearLogButton");
              QVERIFY(user.log().isEmpty());
          }},
-        commandButton("ColumnCorrectionButton", "camera.setColumnCorrection(true)"),
-        commandButton("VignettingCorrectionButton", "camera.setVignettingCorrection(true)"),
-        commandButton("nucEnablingButton", "camera.setNucControl(2)"),
-        commandButton("userNucRequest", "camera.requestNuc(0)"),
-        commandButton("TestPatternButton", "camera.setTestPattern(true)"),
-        commandButton("autoNucPB", "camera.requestNuc(1)"),
-        commandButton("shutterCtrlPB", "camera.setShutterPosition(true)"),
-        commandButton("sdiOutputButton", "camera.setBt656SdiOutput(true)"),
-        commandButton("parallelOutputButton", "camera.setParallelOutput(true)"),
-        commandButton("mipiOutputButton", "camera.setMipiOutput(true)"),
-        commandButton("polarityButton", "camera.setPolarity(true)"),
-        commandButton("horizontalFlipButton", "camera.setHorizontalFlip(true)"),
+        commandButton("userNucRequest", QStringLiteral("camera.requestNuc(0)")),
+        commandButton("autoNucPB", QStringLiteral("camera.requestNuc(1)")),
+        commandButton("shutterCtrlPB", QStringLiteral("camera.setShutterPosition(true)")),
         {"configureZoomPB", clicked,
          [](Operator& user) {
              user.click("configureZoomPB");
@@ -232,7 +182,7 @@ const std::vector<Control>& controls()
                       QStringLiteral("camera.configureZoom(1, 320, 240, 0)"));
              QCOMPARE(user.calls().size(), 2);
          }},
-        commandButton("readBPRTableButton", "camera.readTableData(4096, 8192, 9)"),
+        commandButton("readBPRTableButton", QStringLiteral("camera.readTableData(4096, 8192, 9)")),
         {"writeBPRTableButton", clicked,
          [](Operator& user) {
              user.expectBox({.title = "BP table", .text = "No BP table file found."});
@@ -251,11 +201,7 @@ const std::vector<Control>& controls()
         tableEdit("removeBadPixelButton", "camera.removeBadPixels(", ", 12, 34)"),
         tableEdit("removeBadPixelLineButton", "camera.removeBadPixels(", ", 4294967295, 34)"),
         tableEdit("removeBadPixelColumnButton", "camera.removeBadPixels(", ", 12, 4294967295)"),
-        commandButton("enableBprPB", "camera.setBprCorrection(true)"),
-        commandButton("enableOffsetPB", "camera.setOffsetCorrection(true)"),
-        commandButton("enableGainPB", "camera.setGainCorrection(true)"),
-        commandButton("verticalFlipButton", "camera.setVerticalFlip(true)"),
-        commandButton("applyBaudrateBP", "camera.setBaudRate(115200, false)"),
+        commandButton("applyBaudrateBP", QStringLiteral("camera.setBaudRate(115200, false)")),
         regionEnable("roi1IncEnable", "Roi1IncX1"),
         regionEnable("roi0ExcEnable", "Roi0ExcX1"),
         regionEnable("roi1ExcEnable", "Roi1ExcX1"),
@@ -266,7 +212,22 @@ const std::vector<Control>& controls()
         list("lutColorEdit", "HOT", "camera.setColorLut(2)"),
         list("EdgeCorrectionCB", "Contouring", "camera.configureEdgeCorrection(2, 10, 20)"),
     };
-    return rows;
+    return all;
+}
+
+// Switches, buttons, enable boxes and lists.
+const std::vector<Control>& controls()
+{
+    static const std::vector<Control> all = [] {
+        std::vector<Control> switches;
+        for (const switchrows::Row& row : switchrows::rows) {
+            switches.push_back(commandButton(row.button, row.call(true)));
+        }
+        const std::vector<Control>& others = otherControls();
+        switches.insert(switches.end(), others.begin(), others.end());
+        return switches;
+    }();
+    return all;
 }
 
 /// A connected window with the Expert tab and all four regions enabled.
@@ -303,7 +264,7 @@ QMap<QPair<QString, QString>, int> connectionCounts()
     const auto add = [&](const char* sender, const char* signal) {
         ++counts[{QString::fromLatin1(sender), QString::fromLatin1(signal)}];
     };
-    for (const Pair& pair : pairs) {
+    for (const Pair& pair : rows) {
         add(pair.slider, SIGNAL(valueChanged(int)));
         add(pair.slider, SIGNAL(sliderReleased()));
         add(pair.box, pair.boxSignal);
@@ -349,6 +310,46 @@ private Q_SLOTS:
         QCOMPARE(connectionsOf(user.timer(), SIGNAL(timeout())), 1);
     }
 
+    void everyConnectionOfTheWindowHasARow()
+    {
+        Operator user;
+        user.sdk.configuration.expertMode = 1;
+        user.start();
+        const auto counts = connectionCounts();
+        static constexpr const char* signalsOfControls[] = {
+            SIGNAL(clicked(bool)),
+            SIGNAL(toggled(bool)),
+            SIGNAL(stateChanged(int)),
+            SIGNAL(pressed()),
+            SIGNAL(released()),
+            SIGNAL(valueChanged(int)),
+            SIGNAL(sliderReleased()),
+            SIGNAL(sliderMoved(int)),
+            SIGNAL(valueChanged(double)),
+            SIGNAL(editingFinished()),
+            SIGNAL(textChanged(QString)),
+            SIGNAL(currentIndexChanged(int)),
+            SIGNAL(activated(int)),
+            SIGNAL(highlighted(int)),
+            SIGNAL(currentTextChanged(QString)),
+        };
+        for (const QWidget* const widget : user.window().findChildren<QWidget*>()) {
+            const QString name = widget->objectName();
+            // What the toolkit puts inside its own widgets.
+            if (name.isEmpty() || name.startsWith(QLatin1String("qt_")) ||
+                qobject_cast<QTabBar*>(widget->parentWidget()) != nullptr) {
+                continue;
+            }
+            for (const char* const signal : signalsOfControls) {
+                if (widget->metaObject()->indexOfSignal(signal + 1) >= 0) {
+                    QVERIFY2(connectionsOf(*widget, signal) ==
+                                 counts.value({name, QString::fromLatin1(signal)}),
+                             qPrintable(name + QString::fromLatin1(signal)));
+                }
+            }
+        }
+    }
+
     void controlsWithoutARowAreConnectedToNothing()
     {
         Operator user;
@@ -373,7 +374,7 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("sender");
         QTest::addColumn<QByteArray>("signal");
         QTest::addColumn<QByteArray>("slot");
-        for (const Pair& pair : pairs) {
+        for (const Pair& pair : rows) {
             QTest::addRow("%s moved", pair.slider)
                 << QByteArray(pair.slider) << QByteArray(SIGNAL(valueChanged(int)))
                 << QByteArray(pair.sliderSlot);
@@ -431,7 +432,7 @@ private Q_SLOTS:
     void aMovedSliderMovesItsBox_data() { addPairs(); }
     void aMovedSliderMovesItsBox()
     {
-        const Pair& pair = pairs[row()];
+        const Pair& pair = rows[row()];
         Operator user;
         connectEverything(user);
         const double before = boxValue(user, pair.box);
@@ -445,17 +446,17 @@ private Q_SLOTS:
     void aReleasedSliderSends_data() { addPairs(); }
     void aReleasedSliderSends()
     {
-        const Pair& pair = pairs[row()];
+        const Pair& pair = rows[row()];
         Operator user;
         connectEverything(user);
         user.dragAndRelease(pair.slider, user.sliderValue(pair.slider));
-        sends(user, {pair.sent});
+        sends(user, {pair.asRead});
     }
 
     void aChangedBoxMovesItsSlider_data() { addPairs(); }
     void aChangedBoxMovesItsSlider()
     {
-        const Pair& pair = pairs[row()];
+        const Pair& pair = rows[row()];
         Operator user;
         connectEverything(user);
         const int before = user.sliderValue(pair.slider);
@@ -469,11 +470,11 @@ private Q_SLOTS:
     void aFinishedBoxSends_data() { addPairs(); }
     void aFinishedBoxSends()
     {
-        const Pair& pair = pairs[row()];
+        const Pair& pair = rows[row()];
         Operator user;
         connectEverything(user);
         user.press(pair.box, Qt::Key_Tab);
-        sends(user, {pair.sent});
+        sends(user, {pair.asRead});
     }
 
     void aFinishedRegionFieldSendsItsCoordinateAndRegion_data()
@@ -516,7 +517,7 @@ private:
     {
         QTest::addColumn<int>("row");
         int number = 0;
-        for (const Pair& pair : pairs) {
+        for (const Pair& pair : rows) {
             QTest::newRow(pair.slider) << number++;
         }
     }

@@ -5,7 +5,9 @@
 #include "tests/bpr/tablefiles.h"
 #include "tests/kit/sequence.h"
 
+#include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QSlider>
 #include <QtWidgets/QSpinBox>
 
 namespace {
@@ -147,6 +149,15 @@ private Q_SLOTS:
         user.sdk.camera.gms = 2003;
         user.sdk.camera.tint = 2004;
         user.click("disconnectDeviceButton");
+        for (const char* const name : {"gsk", "gfid", "gms", "tint"}) {
+            auto& slider = user.find<QSlider>(QByteArray(name) + "Slider");
+            slider.setEnabled(false);
+            slider.setOrientation(Qt::Vertical);
+            slider.setTickInterval(7);
+            slider.setSingleStep(3);
+            slider.setPageStep(4);
+            user.find<QDoubleSpinBox>(QByteArray(name) + "Edit").setSingleStep(2);
+        }
         Sequence sequence(user);
         user.click("connectDeviceButton");
         const QStringList all = sequence.take();
@@ -158,6 +169,11 @@ private Q_SLOTS:
             gskSlider maximum 3000
             gskSlider value 2000
             gskEdit value 1000
+            gskSlider enabled true
+            gskSlider singleStep 1
+            gskSlider pageStep 10
+            gskSlider orientation 1
+            gskSlider tickInterval 1
             gskSlider value 2001
             gskEdit minimum 2000
             gskEdit maximum 3000
@@ -165,10 +181,16 @@ private Q_SLOTS:
             gskSlider value 2000
             gskEdit value 2001
             gskSlider value 2001
+            gskEdit singleStep 1
             gfidSlider minimum 2000
             gfidSlider maximum 3000
             gfidSlider value 2000
             gfidEdit value 1000
+            gfidSlider enabled true
+            gfidSlider singleStep 1
+            gfidSlider pageStep 10
+            gfidSlider orientation 1
+            gfidSlider tickInterval 1
             gfidSlider value 2002
             gfidEdit minimum 2000
             gfidEdit maximum 3000
@@ -176,16 +198,28 @@ private Q_SLOTS:
             gfidSlider value 2000
             gfidEdit value 2002
             gfidSlider value 2002
+            gfidEdit singleStep 1
             gmsSlider minimum 2000
             gmsSlider maximum 3000
             gmsSlider value 2000
             gmsEdit value 2000
+            gmsSlider enabled true
+            gmsSlider singleStep 1
+            gmsSlider pageStep 10
+            gmsSlider orientation 1
             gmsSlider value 2003
+            gmsSlider tickInterval 1
             gmsEdit value 2003
+            gmsEdit singleStep 1
             tintSlider minimum 2000
             tintSlider maximum 3000
             tintSlider value 2000
             tintEdit value 1000
+            tintSlider enabled true
+            tintSlider singleStep 1
+            tintSlider pageStep 10
+            tintSlider orientation 1
+            tintSlider tickInterval 1
             tintSlider value 2004
             tintEdit minimum 2000
             tintEdit maximum 3000
@@ -193,6 +227,7 @@ private Q_SLOTS:
             tintSlider value 2000
             tintEdit value 2004
             tintSlider value 2004
+            tintEdit singleStep 1
             sdk.getConfiguration()
             config.isExpertModeEnabled()
         )"));
@@ -443,7 +478,7 @@ private Q_SLOTS:
         recording::CameraState& camera = user.sdk.camera;
         camera.gsk = 3;
         camera.gfid = 77;
-        camera.gms = 11;
+        camera.gms = 4000; // more than its slider can show
         camera.tint = 13;
         camera.bprCorrection = camera.offsetCorrection = camera.gainCorrection = 1;
         camera.verticalFlip = 1;
@@ -461,9 +496,10 @@ private Q_SLOTS:
             gfidEdit value 77
             log 2: GFID value = 77
             camera.getGms()
-            gmsSlider value 11
-            gmsEdit value 11
-            log 2: GMS value = 11
+            gmsSlider value 1000
+            gmsEdit value 1000
+            gmsEdit value 4000
+            log 2: GMS value = 4000
             camera.getTint()
             tintSlider value 13
             tintEdit value 13

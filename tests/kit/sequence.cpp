@@ -83,6 +83,10 @@ Sequence::~Sequence()
 Sequence::Picture Sequence::look() const
 {
     Picture picture;
+    const QTimer& timer = user.timer();
+    // A start gives a timer a new number, even when it runs.
+    picture.append(
+        {QStringLiteral("timer"), timer.isActive() ? QString::number(timer.timerId()) : QString()});
     for (const QPointer<QWidget>& widget : watched) {
         const auto add = [&](const char* property, const QString& value) {
             picture.append(
@@ -103,10 +107,6 @@ Sequence::Picture Sequence::look() const
             add("text", text->toPlainText());
         }
     }
-    const QTimer& timer = user.timer();
-    // A start gives a timer a new number, even when it runs.
-    picture.append(
-        {QStringLiteral("timer"), timer.isActive() ? QString::number(timer.timerId()) : QString()});
     return picture;
 }
 

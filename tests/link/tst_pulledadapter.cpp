@@ -2,6 +2,7 @@
 // The adapter is pulled while the operator is in the middle of something: nothing reaches the
 // camera that is closed, nothing is logged about it, and no box comes on its account.
 #include "tests/link/connectionstate.h"
+#include "tests/params/pairrows.h"
 
 #include <QtWidgets/QAbstractSpinBox>
 #include <QtWidgets/QComboBox>
@@ -11,26 +12,7 @@
 
 namespace {
 
-struct Pair {
-    const char* slider;
-    const char* box;
-    double scale; ///< box = slider * scale + offset
-    double offset;
-};
-
-constexpr Pair pairs[] = {
-    {"gammaSlider", "gammaEdit", 0.1, 0.5},
-    {"clheSlider", "clheEdit", 1, 0},
-    {"sharpeningGainSlider", "sharpeningGainEdit", 0.1, 0},
-    {"SharpeningTHSlider", "SharpeningTHEdit", 0.1, 0},
-    {"AhcBlackGainLimSlider", "AhcBlackGainLimSpin", 1, 0},
-    {"AhcWhiteGainLimSlider", "AhcWhiteGainLimSpin", 1, 0},
-    {"TempoFilterSlider", "TempoFilterSpin", 1, 0},
-    {"gskSlider", "gskEdit", 1, 0},
-    {"gfidSlider", "gfidEdit", 1, 0},
-    {"gmsSlider", "gmsEdit", 1, 0},
-    {"tintSlider", "tintEdit", 1, 0},
-};
+using Pair = pairrows::Row;
 
 /// Connected through ttyUSB0 beside a port that stays, every tab and field in reach.
 void connectCamera(kit::Operator& user)
@@ -66,7 +48,7 @@ QStringList pairsApart(kit::Operator& user)
 {
     constexpr double lessThanAStep = 0.01;
     QStringList apart;
-    for (const Pair& pair : pairs) {
+    for (const Pair& pair : pairrows::rows) {
         const double slider = user.sliderValue(pair.slider) * pair.scale + pair.offset;
         if (std::abs(slider - valueOf(user, pair.box)) > lessThanAStep) {
             apart << QLatin1String(pair.slider);
@@ -133,7 +115,7 @@ private Q_SLOTS:
     void aHeldSliderIsLetGoWithoutACommand_data()
     {
         QTest::addColumn<const Pair*>("pair");
-        for (const Pair& pair : pairs) {
+        for (const Pair& pair : pairrows::rows) {
             QTest::newRow(pair.slider) << &pair;
         }
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The read value by value: what each widget shows, what the log says and what is sent back.
-#include "tests/kit/operator.h"
+#include "tests/params/switchrows.h"
 
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QPushButton>
@@ -14,47 +14,7 @@ using State = recording::CameraState;
 
 constexpr std::uint32_t largest = std::numeric_limits<std::uint32_t>::max();
 
-struct Toggle {
-    const char* button;
-    std::uint8_t State::*state;
-    const char* captionOn;
-    const char* captionOff;
-    const char* label;
-    const char* wordOn;
-    const char* wordOff;
-};
-
 // clang-format off
-constexpr Toggle toggles[] = {
-    {"VignettingCorrectionButton", &State::vignettingCorrection,
-     "Vignetting Correction: Activated", "Vignetting Correction: Deactivated",
-     "Vignetting Correction state = ", "Enabled", "Disabled"},
-    {"ColumnCorrectionButton", &State::columnCorrection,
-     "Column Correction: Activated", "Column Correction: Deactivated",
-     "Column Correction state = ", "Enabled", "Disabled"},
-    {"nucEnablingButton", &State::nucControl,
-     "NUC: Activated", "NUC: Deactivated",
-     "NUC state = ", "Activated", "Deactivated"},
-    {"TestPatternButton", &State::testPattern,
-     "Test Pattern: Activated", "Test Pattern: Deactivated",
-     "Test pattern value = ", "Enabled", "Disabled"},
-    {"sdiOutputButton", &State::bt656SdiOutput,
-     "BT656/SDI Output: Activated", "BT656/SDI Output: Deactivated",
-     "BT656/SDI output value = ", "Enabled", "Disabled"},
-    {"parallelOutputButton", &State::parallelOutput,
-     "Parallel Output: Activated", "Parallel Output: Deactivated",
-     "Parallel output value = ", "Enabled", "Disabled"},
-    {"mipiOutputButton", &State::mipiOutput,
-     "MIPI Output: Activated", "MIPI Output: Deactivated",
-     "MIPI output value = ", "Enabled", "Disabled"},
-    {"polarityButton", &State::polarity,
-     "Invert Polarity: Activated", "Invert Polarity: Deactivated",
-     "Polarity value = ", "1", "0"},
-    {"horizontalFlipButton", &State::horizontalFlip,
-     "Horizontal Flip: Activated", "Horizontal Flip: Deactivated",
-     "Horizontal flip value = ", "1", "0"},
-};
-
 struct RegionRow {
     const char* name;
     const char* enable; ///< null: always included
@@ -104,9 +64,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("row");
         QTest::addColumn<int>("state");
-        for (int row = 0; row < int(std::size(toggles)); ++row) {
+        for (int row = 0; row < int(std::size(switchrows::rows)); ++row) {
             for (const int state : {0, 1, 2, 128, 255}) {
-                QTest::addRow("%s reported as %d", toggles[row].button, state) << row << state;
+                QTest::addRow("%s reported as %d", switchrows::rows[row].button, state)
+                    << row << state;
             }
         }
     }
@@ -115,21 +76,23 @@ private Q_SLOTS:
     {
         QFETCH(int, row);
         QFETCH(int, state);
-        const Toggle& toggle = toggles[row];
+        const switchrows::Row& toggle = switchrows::rows[row];
         const bool on = state != 0;
         kit::Operator user;
+        user.sdk.configuration.expertMode = 1;
         user.sdk.camera.*toggle.state = on ? 0 : 1;
         user.connectCamera();
         user.find<QPushButton>(toggle.button).setText(QStringLiteral("a foreign caption"));
         user.sdk.camera.*toggle.state = static_cast<std::uint8_t>(state);
-        read(user);
+        user.forget();
+        user.click(toggle.read);
         QCOMPARE(user.checked(toggle.button), on);
-        QCOMPARE(user.text(toggle.button),
-                 QLatin1String(on ? toggle.captionOn : toggle.captionOff));
+        QCOMPARE(user.text(toggle.button), toggle.shown(on));
         QVERIFY2(user.newLog().contains(QLatin1String(toggle.label) +
                                         QLatin1String(on ? toggle.wordOn : toggle.wordOff)),
                  qPrintable(user.newLog().join(QLatin1Char('\n'))));
-        QCOMPARE(user.calls(), nothing());
+        // Nothing is sent back; a read of the user's parameters has the camera refresh them.
+        QCOMPARE(user.calls().filter(QStringLiteral("camera.set")), QStringList());
     }
 
     void aListShowsTheCamerasEntryAndSendsItBack_data()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The four regions of interest: sixteen coordinates, their rule, and the boxes that enable a row.
+#include "params/regions.h"
 #include "tests/kit/operator.h"
 
 #include <QtCore/QTimer>
@@ -105,6 +106,20 @@ class TestRegions : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void everyRegionOfTheToolHasARow()
+    {
+        QMainWindow window;
+        Ui_MainWindow form;
+        form.setupUi(&window);
+        std::size_t row = 0;
+        for (const tavrel::Region& region : tavrel::regions) {
+            const QString x1 = (form.*region.x1)->objectName();
+            QVERIFY2(row < std::size(rows) && x1 == QLatin1String(rows[row]) + QLatin1String("X1"),
+                     qPrintable(x1 + QStringLiteral(" has no row")));
+            ++row;
+        }
+    }
+
     void aCoordinateWithinTheRuleIsSentAsTyped_data() { everyCoordinate(); }
     void aCoordinateWithinTheRuleIsSentAsTyped()
     {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Putting the defaults of the SDK back: which default lands where, and as what it is sent.
-#include "tests/kit/operator.h"
+#include "tests/params/switchrows.h"
 
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QSlider>
@@ -23,6 +23,8 @@ void connectCamera(kit::Operator& user)
     user.connectCamera();
     user.rest();
 }
+
+using switchrows::Row;
 
 /// A region as the defaults give it: the two coordinates of one axis.
 struct Axis {
@@ -63,57 +65,24 @@ constexpr Axis axes[] = {
      "camera.setRoiY1(300, 3, false, false, false)", "camera.setRoiY2(200, 3, false, false, false)",
      "ROI 3 Y1 must be lower than ROI Y2"},
 };
-
-struct Mark {
-    const char* button;
-    std::uint8_t Defaults::*value;
-    std::uint8_t recording::CameraState::*state;
-    const char* operation;
-    const char* captionOn;
-    const char* captionOff;
-};
-
-using State = recording::CameraState;
-
-constexpr Mark marks[] = {
-    {"VignettingCorrectionButton", &Defaults::vignettingCorrection, &State::vignettingCorrection,
-     "camera.setVignettingCorrection",
-     "Vignetting Correction: Activated", "Vignetting Correction: Deactivated"},
-    {"ColumnCorrectionButton", &Defaults::columnCorrection, &State::columnCorrection,
-     "camera.setColumnCorrection",
-     "Column Correction: Activated", "Column Correction: Deactivated"},
-    {"TestPatternButton", &Defaults::testPattern, &State::testPattern, "camera.setTestPattern",
-     "Test Pattern: Activated", "Test Pattern: Deactivated"},
-    {"sdiOutputButton", &Defaults::bt656SdiOutput, &State::bt656SdiOutput,
-     "camera.setBt656SdiOutput",
-     "BT656/SDI Output: Activated", "BT656/SDI Output: Deactivated"},
-    {"parallelOutputButton", &Defaults::parallelOutput, &State::parallelOutput,
-     "camera.setParallelOutput",
-     "Parallel Output: Activated", "Parallel Output: Deactivated"},
-    {"mipiOutputButton", &Defaults::mipiOutput, &State::mipiOutput, "camera.setMipiOutput",
-     "MIPI Output: Activated", "MIPI Output: Deactivated"},
-    {"polarityButton", &Defaults::polarity, &State::polarity, "camera.setPolarity",
-     "Invert Polarity: Activated", "Invert Polarity: Deactivated"},
-    {"horizontalFlipButton", &Defaults::verticalFlip, &State::horizontalFlip,
-     "camera.setHorizontalFlip",
-     "Horizontal Flip: Activated", "Horizontal Flip: Deactivated"},
-};
 // clang-format on
 
+/// Every switch that a reset goes back to something with, both ways.
 void everyMark()
 {
-    QTest::addColumn<const Mark*>("mark");
+    QTest::addColumn<const Row*>("mark");
     QTest::addColumn<bool>("on");
-    for (const Mark& mark : marks) {
-        QTest::addRow("%s on", mark.button) << &mark << true;
-        QTest::addRow("%s off", mark.button) << &mark << false;
+    for (const Row& row : switchrows::rows) {
+        if (row.standard != nullptr) {
+            QTest::addRow("%s on", row.button) << &row << true;
+            QTest::addRow("%s off", row.button) << &row << false;
+        }
     }
 }
 
 } // namespace
 
 Q_DECLARE_METATYPE(const Axis*)
-Q_DECLARE_METATYPE(const Mark*)
 
 class TestReset : public QObject {
     Q_OBJECT
@@ -279,31 +248,31 @@ private Q_SLOTS:
     void anAcceptedDefaultTurnsMarkAndCaption_data() { everyMark(); }
     void anAcceptedDefaultTurnsMarkAndCaption()
     {
-        QFETCH(const Mark*, mark);
+        QFETCH(const Row*, mark);
         QFETCH(bool, on);
         kit::Operator user;
         user.sdk.camera.*mark->state = on ? 0 : 1;
         // Any byte but zero means on.
-        user.sdk.configuration.*mark->value = on ? 128 : 0;
+        user.sdk.configuration.*mark->standard = on ? 128 : 0;
         connectCamera(user);
         user.click("resetParamButtonUser");
         QCOMPARE(user.checked(mark->button), on);
-        QCOMPARE(user.text(mark->button), QLatin1String(on ? mark->captionOn : mark->captionOff));
+        QCOMPARE(user.text(mark->button), mark->shown(on));
     }
 
     void aRefusedDefaultLeavesMarkAndCaptionAtOdds_data() { everyMark(); }
     void aRefusedDefaultLeavesMarkAndCaptionAtOdds()
     {
-        QFETCH(const Mark*, mark);
+        QFETCH(const Row*, mark);
         QFETCH(bool, on);
         kit::Operator user;
         user.sdk.camera.*mark->state = on ? 0 : 1;
-        user.sdk.configuration.*mark->value = on ? 1 : 0;
+        user.sdk.configuration.*mark->standard = on ? 1 : 0;
         connectCamera(user);
         user.sdk.answer(mark->operation, 0);
         user.click("resetParamButtonUser");
         QCOMPARE(user.checked(mark->button), on);
-        QCOMPARE(user.text(mark->button), QLatin1String(on ? mark->captionOff : mark->captionOn));
+        QCOMPARE(user.text(mark->button), mark->shown(!on));
     }
 
     // ---- numbers

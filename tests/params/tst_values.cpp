@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The eleven values with a slider and a spin box: when a value goes to the camera, and as what.
-#include "tests/kit/operator.h"
+#include "tests/params/pairrows.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtWidgets/QDoubleSpinBox>
@@ -8,76 +8,27 @@
 
 namespace {
 
-struct Value {
-    const char* slider;
-    const char* box;
-    const char* operation;
-    const char* ok;
-    const char* ko;
-    int target;              ///< a slider position to go to
-    QString (*sent)(int at); ///< the call for a slider position
-    const char* oneKeyOn;    ///< what the spin box shows after one arrow key on the slider
-    const char* asRead;      ///< the call that sends the camera's own value back
-};
+using Value = pairrows::Row;
 
-QString text(const char* call, int value)
+/// The names of the slots that send, each once.
+QStringList sendSlots()
 {
-    return QString::fromLatin1(call).arg(value);
+    QStringList names;
+    for (const Value& value : pairrows::rows) {
+        // The text of a slot begins with a mark of its own and ends with its arguments.
+        const QString name =
+            QString::fromLatin1(value.sendSlot + 1).section(QLatin1Char('('), 0, 0);
+        if (!names.contains(name)) {
+            names.append(name);
+        }
+    }
+    return names;
 }
-
-// clang-format off
-constexpr Value values[] = {
-    {"gammaSlider", "gammaEdit", "camera.setGamma", "Set GAMMA value OK", "Set GAMMA value KO",
-     17, [](int at) { return text("camera.setGamma(%1)", at == 0 ? 32768 : 144179); },
-     "1.2", "camera.setGamma(65536)"},
-    {"clheSlider", "clheEdit", "camera.setClhe", "Set CLHE value OK", "Set CLHE value KO",
-     7000, [](int at) { return text("camera.setClhe(%1)", at); },
-     "2100", "camera.setClhe(2000)"},
-    {"sharpeningGainSlider", "sharpeningGainEdit", "camera.configureEdgeCorrection",
-     "Configure EDGE CORRECTION OK", "Configure EDGE CORRECTION KO",
-     5000, [](int at) { return text("camera.configureEdgeCorrection(0, %1, 20)", at / 10); },
-     "112.4", "camera.configureEdgeCorrection(0, 10, 20)"},
-    {"SharpeningTHSlider", "SharpeningTHEdit", "camera.configureEdgeCorrection",
-     "Configure EDGE CORRECTION OK", "Configure EDGE CORRECTION KO",
-     1500, [](int at) { return text("camera.configureEdgeCorrection(0, 10, %1)", at / 10); },
-     "40.0", "camera.configureEdgeCorrection(0, 10, 20)"},
-    {"AhcBlackGainLimSlider", "AhcBlackGainLimSpin", "camera.setAhcGainsLimitation",
-     "Set AHC GAINS LIMITATION values OK", "Set AHC GAINS LIMITATION values KO",
-     70, [](int at) { return text("camera.setAhcGainsLimitation(%1, 20)", at); },
-     "11", "camera.setAhcGainsLimitation(10, 20)"},
-    {"AhcWhiteGainLimSlider", "AhcWhiteGainLimSpin", "camera.setAhcGainsLimitation",
-     "Set AHC GAINS LIMITATION values OK", "Set AHC GAINS LIMITATION values KO",
-     90, [](int at) { return text("camera.setAhcGainsLimitation(10, %1)", at); },
-     "21", "camera.setAhcGainsLimitation(10, 20)"},
-    {"TempoFilterSlider", "TempoFilterSpin", "camera.setLutTemporalFilter",
-     "Set LUT TEMPORAL FILTER value OK", "Set LUT TEMPORAL FILTER value KO",
-     7, [](int at) { return text("camera.setLutTemporalFilter(%1)", at); },
-     "4", "camera.setLutTemporalFilter(3)"},
-    {"gskSlider", "gskEdit", "camera.setGsk", "Set GSK value OK", "Set GSK value KO",
-     3, [](int at) { return text("camera.setGsk(%1)", at); },
-     "3", "camera.setGsk(2)"},
-    {"gfidSlider", "gfidEdit", "camera.setGfid", "Set GFID value OK", "Set GFID value KO",
-     900, [](int at) { return text("camera.setGfid(%1)", at); },
-     "301", "camera.setGfid(300)"},
-    {"gmsSlider", "gmsEdit", "camera.setGms", "Set GMS value OK", "Set GMS value KO",
-     10, [](int at) { return text("camera.setGms(%1)", at); },
-     "41", "camera.setGms(40)"},
-    {"tintSlider", "tintEdit", "camera.setTint", "Set TINT value OK", "Set TINT value KO",
-     7, [](int at) { return text("camera.setTint(%1)", at); },
-     "6", "camera.setTint(5)"},
-};
-// clang-format on
-
-constexpr const char* sendSlots[] = {
-    "gammaUserSendCommand",   "clheSendCommand", "sharpeningSendCommand",
-    "ahcGainSendCommand",     "gskSendCommand",  "gfiSendCommand",
-    "tempoFilterSendCommand", "gmsSendCommand",  "tintSendCommand",
-};
 
 void everyValue()
 {
     QTest::addColumn<const Value*>("value");
-    for (const Value& value : values) {
+    for (const Value& value : pairrows::rows) {
         QTest::newRow(value.slider) << &value;
     }
 }
@@ -411,12 +362,12 @@ private Q_SLOTS:
         user.window();
         user.forget();
         // The tabs are locked, so no mouse and no key gets there: the signals come from code.
-        for (const Value& value : values) {
+        for (const Value& value : pairrows::rows) {
             QVERIFY(QMetaObject::invokeMethod(&user.widget(value.slider), "sliderReleased"));
             QVERIFY(QMetaObject::invokeMethod(&user.widget(value.box), "editingFinished"));
         }
-        for (const char* const slot : sendSlots) {
-            QVERIFY(QMetaObject::invokeMethod(&user.window(), slot));
+        for (const QString& slot : sendSlots()) {
+            QVERIFY(QMetaObject::invokeMethod(&user.window(), qPrintable(slot)));
         }
         QCOMPARE(user.calls(recording::Show::Everything), QStringList());
         QCOMPARE(user.newLog(), QStringList());
@@ -437,15 +388,15 @@ private Q_SLOTS:
     {
         kit::Operator user;
         connectCamera(user);
-        for (const char* const slot : sendSlots) {
-            QVERIFY(QMetaObject::invokeMethod(&user.window(), slot));
+        for (const QString& slot : sendSlots()) {
+            QVERIFY(QMetaObject::invokeMethod(&user.window(), qPrintable(slot)));
         }
         QCOMPARE(user.calls(),
                  kit::lines({"camera.setGamma(65536)", "camera.setClhe(2000)",
                              "camera.configureEdgeCorrection(0, 10, 20)",
-                             "camera.setAhcGainsLimitation(10, 20)", "camera.setGsk(2)",
-                             "camera.setGfid(300)", "camera.setLutTemporalFilter(3)",
-                             "camera.setGms(40)", "camera.setTint(5)"}));
+                             "camera.setAhcGainsLimitation(10, 20)",
+                             "camera.setLutTemporalFilter(3)", "camera.setGsk(2)",
+                             "camera.setGfid(300)", "camera.setGms(40)", "camera.setTint(5)"}));
     }
 };
 
