@@ -18,3 +18,4 @@ function(tavrel_header_library name folder header package)
 endfunction()
 
 tavrel_header_library(tavrel_cli11 CLI CLI.hpp libcli11-dev)
+tavrel_header_library(tavrel_tomlplusplus toml++ toml.h libtomlplusplus-dev)

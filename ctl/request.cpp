@@ -8,6 +8,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tavrel::ctl {
@@ -32,10 +33,27 @@ constexpr Task tasks[] = {
     {"info",    "Show versions, serial numbers, operating time and temperatures.", Port::Needed, nullptr},
     {"get",     "Show parameters; without names all that can be read.", Port::Needed, "NAME", 0, -1},
     {"set",     "Send values, read them back and say what the camera holds.", Port::Needed, "NAME=VALUE", 1, -1},
+    {"save",    "Save the camera's settings to a profile.", Port::Needed, "FILE", 1, 1},
+    {"apply",   "Send what differs from a profile, read all of it back and compare.", Port::Needed, "FILE", 1, 1},
+    {"diff",    "Compare a camera, or another profile, with a profile.", Port::Either, "FILE", 1, 2},
     {"nuc",     "Ask for a NUC.", Port::Needed, nullptr},
     {"shutter", "Open or close the shutter.", Port::Needed, "open|close", 1, 1},
 };
 // clang-format on
+
+struct Flag {
+    const char* task;
+    const char* name;
+    bool Request::*member;
+    const char* description;
+};
+
+constexpr Flag flags[] = {
+    {"save", "--expert", &Request::expert, "Save the expert parameters, too."},
+    {"apply", "--dry-run", &Request::dryRun, "Show what differs and send nothing."},
+    {"apply", "--camera-baud-rate", &Request::withBaudRate,
+     "Send the camera's own baud rate, too, if the profile has one."},
+};
 
 /// What a group of tasks is about, by the name of any of them.
 const char* groupDescription(const std::string& name)
@@ -94,6 +112,11 @@ std::variant<Request, int> requestOf(int argc, char** argv)
             command->add_option(task.words, words)
                 ->expected(task.fewest, task.most < 0 ? 1 << 20 : task.most)
                 ->required(task.fewest > 0);
+        }
+        for (const Flag& flag : flags) {
+            if (flag.task == std::string_view(task.name)) {
+                command->add_flag(flag.name, request.*flag.member, flag.description);
+            }
         }
     }
 

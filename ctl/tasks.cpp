@@ -13,9 +13,10 @@ struct Row {
 };
 
 constexpr Row rows[] = {
-    {"ports", &listPorts},     {"list", &listParameters}, {"info", &showInfo},
-    {"get", &getParameters},   {"set", &setParameters},   {"nuc", &requestNuc},
-    {"shutter", &moveShutter},
+    {"ports", &listPorts},      {"list", &listParameters}, {"info", &showInfo},
+    {"get", &getParameters},    {"set", &setParameters},   {"nuc", &requestNuc},
+    {"shutter", &moveShutter},  {"save", &saveProfile},    {"apply", &applyProfile},
+    {"diff", &compareProfiles},
 };
 
 } // namespace

@@ -17,6 +17,9 @@ Status listParameters(const Request& request, Answer& answer);
 Status showInfo(const Request& request, Answer& answer);
 Status getParameters(const Request& request, Answer& answer);
 Status setParameters(const Request& request, Answer& answer);
+Status saveProfile(const Request& request, Answer& answer);
+Status applyProfile(const Request& request, Answer& answer);
+Status compareProfiles(const Request& request, Answer& answer);
 Status requestNuc(const Request& request, Answer& answer);
 Status moveShutter(const Request& request, Answer& answer);
 
