@@ -67,12 +67,15 @@ CameraTable fetchTable(ombrix_sdk::ICamera& camera)
     if (status != 0) {
         return {{},
                 Refusal{tableTitle, "BPR table not read correctly (error code = %1)",
-                        QString::number(status), false}};
+                        QString::number(status), false, true}};
     }
     CameraTable result{decodeTable(*region), noRefusal};
     if (result.table.count > badPixelLimit) {
-        result.refusal =
-            Refusal{tableTitle, QT_TRANSLATE_NOOP("MainWindow", "Too many bad pixels found")};
+        result.refusal = Refusal{tableTitle,
+                                 QT_TRANSLATE_NOOP("MainWindow", "Too many bad pixels found"),
+                                 {},
+                                 true,
+                                 true};
     }
     return result;
 }
@@ -138,7 +141,11 @@ std::optional<Refusal> writeTable(ombrix_sdk::ICamera& camera, const MapFiles& f
     const ombrix_sdk::Flag written =
         camera.writeTableData(regionOffset, regionLength, writeTableId, loaded.region->data());
     if (written == 0) {
-        return Refusal{mapTitle, QT_TRANSLATE_NOOP("MainWindow", "BP table not written correctly")};
+        return Refusal{mapTitle,
+                       QT_TRANSLATE_NOOP("MainWindow", "BP table not written correctly"),
+                       {},
+                       true,
+                       true};
     }
     log("BPR table " + platform::utf8(workingPath) + " correctly written.");
     return noRefusal;

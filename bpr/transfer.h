@@ -21,6 +21,7 @@ struct Refusal {
     const char* text;
     QString argument = {};        ///< takes the place of %1, if the text has one
     bool textIsTranslated = true; ///< false: the text is shown as it stands
+    bool isCameras = false;       ///< the camera refused; otherwise files stand in the way
 };
 
 /// The text with its argument. A translation may have a place for it where the text itself has

@@ -38,6 +38,11 @@ constexpr Task tasks[] = {
     {"diff",    "Compare a camera, or another profile, with a profile.", Port::Either, "FILE", 1, 2},
     {"nuc",     "Ask for a NUC.", Port::Needed, nullptr},
     {"shutter", "Open or close the shutter.", Port::Needed, "open|close", 1, 1},
+    {"table read",  "Read the table into its map file, and into the backup the first time.", Port::Needed, nullptr},
+    {"table write", "Write the map file to the camera.", Port::Needed, nullptr},
+    {"table reset", "Copy the backup over the map file.", Port::Needed, nullptr},
+    {"map show", "Count bad pixels, clusters, rows and columns.", Port::None, "FILE", 1, 1},
+    {"map diff", "Compare two maps.", Port::None, "FILE", 2, 2},
 };
 // clang-format on
 
@@ -53,6 +58,7 @@ constexpr Flag flags[] = {
     {"apply", "--dry-run", &Request::dryRun, "Show what differs and send nothing."},
     {"apply", "--camera-baud-rate", &Request::withBaudRate,
      "Send the camera's own baud rate, too, if the profile has one."},
+    {"table write", "--yes", &Request::yes, "Do not ask."},
 };
 
 /// What a group of tasks is about, by the name of any of them.
@@ -92,6 +98,7 @@ std::variant<Request, int> requestOf(int argc, char** argv)
             ->check(CLI::PositiveNumber);
 
     std::vector<std::string> words;
+    std::string picture;
     const Task* wanted = nullptr;
     std::map<std::string, CLI::App*> groups;
     for (const Task& task : tasks) {
@@ -113,6 +120,9 @@ std::variant<Request, int> requestOf(int argc, char** argv)
                 ->expected(task.fewest, task.most < 0 ? 1 << 20 : task.most)
                 ->required(task.fewest > 0);
         }
+        if (place == groups["map"]) {
+            command->add_option("--png", picture, "Draw a picture into this file.");
+        }
         for (const Flag& flag : flags) {
             if (flag.task == std::string_view(task.name)) {
                 command->add_flag(flag.name, request.*flag.member, flag.description);
@@ -131,6 +141,7 @@ std::variant<Request, int> requestOf(int argc, char** argv)
     }
     request.task = QLatin1String(wanted->name);
     request.port = textOf(port);
+    request.picture = textOf(picture);
     for (const std::string& word : words) {
         request.words.append(textOf(word));
     }

@@ -15,7 +15,7 @@ struct Request {
     QString port;      ///< empty: none
     QStringList words; ///< names, assignments or files
     bool json = false;
-    double timeout = 10; ///< seconds
+    double timeout = 30; ///< seconds
     std::optional<int> linkRate;
     bool expert = false;
     bool dryRun = false;

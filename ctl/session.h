@@ -19,7 +19,7 @@ namespace tavrel::ctl {
 
 struct SessionOptions {
     QString port;
-    std::chrono::milliseconds timeout{10000}; ///< for each answer of the camera
+    std::chrono::milliseconds timeout{30000}; ///< for each answer of the camera
     std::optional<int> linkRate;              ///< baud; none: the SDK's own
     bool json = false;
     bool showsProgress = false; ///< a line on standard error that comes and goes

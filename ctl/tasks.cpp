@@ -13,10 +13,11 @@ struct Row {
 };
 
 constexpr Row rows[] = {
-    {"ports", &listPorts},      {"list", &listParameters}, {"info", &showInfo},
-    {"get", &getParameters},    {"set", &setParameters},   {"nuc", &requestNuc},
-    {"shutter", &moveShutter},  {"save", &saveProfile},    {"apply", &applyProfile},
-    {"diff", &compareProfiles},
+    {"ports", &listPorts},        {"list", &listParameters},  {"info", &showInfo},
+    {"get", &getParameters},      {"set", &setParameters},    {"nuc", &requestNuc},
+    {"shutter", &moveShutter},    {"save", &saveProfile},     {"apply", &applyProfile},
+    {"diff", &compareProfiles},   {"table read", &readTable}, {"table write", &writeTable},
+    {"table reset", &resetTable}, {"map show", &showMap},     {"map diff", &compareMaps},
 };
 
 } // namespace

@@ -20,6 +20,11 @@ Status setParameters(const Request& request, Answer& answer);
 Status saveProfile(const Request& request, Answer& answer);
 Status applyProfile(const Request& request, Answer& answer);
 Status compareProfiles(const Request& request, Answer& answer);
+Status readTable(const Request& request, Answer& answer);
+Status writeTable(const Request& request, Answer& answer);
+Status resetTable(const Request& request, Answer& answer);
+Status showMap(const Request& request, Answer& answer);
+Status compareMaps(const Request& request, Answer& answer);
 Status requestNuc(const Request& request, Answer& answer);
 Status moveShutter(const Request& request, Answer& answer);
 
