@@ -171,10 +171,10 @@ void TestTour::everyPictureIsDescribedByItsStep()
 void TestTour::titleAndVerdictComeBeforeTheContentsAndTheSteps()
 {
     const QByteArray page = contentOf(inReport(QStringLiteral("index.html")));
-    int from = 0;
+    decltype(page.size()) from = 0;
     for (const char* const part : {"<h1>", "class=\"verdict\">All ", "<nav>", "<a href=\"#step-1\"",
                                    "<section id=\"step-1\""}) {
-        const int at = page.indexOf(part, from);
+        const auto at = page.indexOf(part, from);
         QVERIFY2(at >= 0, part);
         from = at;
     }
@@ -191,7 +191,7 @@ void TestTour::thePageBringsItsProgramAndTellsOfItsKeys()
 void TestTour::theEventLogTellsTheSession()
 {
     const QStringList log = linesOf(inReport(QStringLiteral("event-log.txt")));
-    int from = 0;
+    decltype(log.size()) from = 0;
     for (const char* const line :
          {"ALTERNATIVE SERIAL PORT : ttyUSB0", "Start reading camera parameters",
           "End reading camera parameters", "End reading camera expert parameters",
@@ -200,7 +200,7 @@ void TestTour::theEventLogTellsTheSession()
           "Table containing : 37 Bad Pixels", "BP table reset succeed.", "Set GSK value OK",
           "End Read camera parameters : COM Error", "Set TEST PATTERN value KO",
           "No camera connected"}) {
-        const int at = log.indexOf(QString::fromLatin1(line), from);
+        const auto at = log.indexOf(QString::fromLatin1(line), from);
         QVERIFY2(at >= 0, line);
         from = at + 1;
     }
