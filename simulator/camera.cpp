@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace simulator {
 namespace {
@@ -52,6 +53,16 @@ bool isGiven(Operation operation, const void* pointer)
     return pointer != nullptr;
 }
 
+/// An argument as rules of the plan compare it: a number as it is, anything else never.
+template<typename Argument> qint64 numberOf(const Argument& argument)
+{
+    if constexpr (std::is_integral_v<Argument>) {
+        return static_cast<qint64>(argument);
+    } else {
+        return 0;
+    }
+}
+
 bool isRegion(Operation operation, std::uint32_t region)
 {
     if (region >= regionCount) {
@@ -82,9 +93,9 @@ bool isTableRegion(Operation operation, std::uint32_t offset, std::uint32_t leng
 
 } // namespace
 
-Camera::Camera(Device& openedDevice, std::uint32_t linkBaudRate)
+Camera::Camera(Device& openedDevice, std::uint32_t linkBaudRate, QString portName)
     : device(openedDevice), serialNumber(openedDevice.get<std::uint32_t>(P::serialNumber)),
-      baudRate(linkBaudRate)
+      baudRate(linkBaudRate), port(std::move(portName))
 {}
 
 QString Camera::name() const
@@ -92,23 +103,23 @@ QString Camera::name() const
     return QStringLiteral("camera %1").arg(serialNumber);
 }
 
-Camera::Passage Camera::enter(Operation operation)
+Camera::Passage Camera::enter(Operation operation, const std::array<qint64, 5>& arguments)
 {
+    planned = {};
     Simulator& simulator = Simulator::instance();
     if (!open) {
         simulator.log().misuse(
             QStringLiteral("%1 on a camera that is closed").arg(nameOf(operation)));
         return {.note = QStringLiteral("closed")};
     }
-    const Verdict verdict = simulator.judge(operation);
+    Verdict verdict = simulator.judge({operation, serialNumber, port, arguments});
     const bool reached = simulator.reach(&device, baudRate, operation, verdict);
+    const QString note = Simulator::noteOf(reached, verdict);
     if (!reached) {
-        return {.note = Simulator::noteOf(reached, verdict)};
+        return {.note = note};
     }
-    return {.carryOut = verdict.carryOut,
-            .value = verdict.value,
-            .word = verdict.word,
-            .note = Simulator::noteOf(reached, verdict)};
+    planned = std::move(verdict);
+    return {planned.carryOut, note};
 }
 
 void Camera::leave(Operation operation, const QStringList& arguments, const QString& answer,
@@ -123,12 +134,15 @@ Result Camera::perform(Operation operation, Result failure, Action action,
                        const Arguments&... arguments)
 {
     filled.clear();
-    const Passage passage = enter(operation);
-    Result result = passage.carryOut ? action() : failure;
-    if (passage.value) {
-        result = static_cast<Result>(*passage.value);
+    const Passage passage = enter(operation, {numberOf(arguments)...});
+    const bool answered = !planned.record.empty() || !planned.table.isEmpty();
+    Result result = passage.carryOut || answered ? action() : failure;
+    if (planned.value) {
+        result = static_cast<Result>(*planned.value);
     }
-    leave(operation, {journalText(arguments)...}, journalText(result), passage.note);
+    if (Simulator::instance().journal().isOn()) {
+        leave(operation, {journalText(arguments)...}, journalText(result), passage.note);
+    }
     return result;
 }
 
@@ -150,7 +164,11 @@ Flag Camera::fillRecord(Operation operation, Record* record, Record (Device::*re
         if (!isGiven(operation, record)) {
             return refused;
         }
-        *record = (device.*read)();
+        if (planned.record.empty()) {
+            *record = (device.*read)();
+        } else {
+            fillIn(*record, planned.record);
+        }
         filled = journalText(*record);
         return asFlag(true);
     });
@@ -254,10 +272,11 @@ const EdgeCorrection* Camera::getEdgeCorrection(EdgeCorrection* area)
     *record = {};
     perform(O::getEdgeCorrection, refused, [&] {
         isGiven(O::getEdgeCorrection, area);
-        record->type = device.get<std::uint8_t>(P::edgeType);
-        record->gain = device.get<std::uint32_t>(P::edgeGain);
-        record->firstThreshold = device.get<std::uint32_t>(P::edgeFirstThreshold);
-        record->secondThreshold = device.get<std::uint32_t>(P::edgeSecondThreshold);
+        if (planned.record.empty()) {
+            *record = device.edgeCorrection();
+        } else {
+            fillIn(*record, planned.record);
+        }
         filled = journalText(*record);
         return asFlag(true);
     });
@@ -319,7 +338,9 @@ std::int32_t Camera::readTableData(std::uint32_t offset, std::uint32_t length, s
                 !isTableRegion(O::readTableData, offset, length, tableId, tableIdForReading)) {
                 return wrongRequest;
             }
-            std::memcpy(buffer, device.tableRegion().constData(), tableLength);
+            const QByteArray& region =
+                planned.table.isEmpty() ? device.tableRegion() : planned.table;
+            std::memcpy(buffer, region.constData(), tableLength);
             return tableRead;
         },
         offset, length, tableId);
@@ -351,7 +372,7 @@ void Camera::loadBadPixelList(const std::string& path, std::vector<ReplacementEn
         const bool treated = treatMapFile(pathFromBytes(path), height, width, list, &reason);
         asFlag(treated, O::loadBadPixelList, path, reason);
     } else {
-        spoilTreatment(passage.word, list);
+        spoilTreatment(planned.word, list);
     }
     leave(O::loadBadPixelList, {journalText(path), journalText(height), journalText(width)},
           QStringLiteral("%1 entries").arg(list.size()), passage.note);

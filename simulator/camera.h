@@ -6,11 +6,12 @@
 #include "simulator/configuration.h"
 #include "simulator/device.h"
 #include "simulator/operations.h"
+#include "simulator/plan.h"
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
-#include <optional>
+#include <array>
 
 namespace simulator {
 
@@ -19,8 +20,8 @@ using namespace ombrix_sdk;
 /// Stays allocated after it was closed, so that a late call meets a refusal and no freed memory.
 class Camera final : public ICamera {
 public:
-    /// linkBaudRate: the rate of the link that opened the camera.
-    Camera(Device& openedDevice, std::uint32_t linkBaudRate);
+    /// linkBaudRate: the rate of the link that opened the camera; portName: of the port.
+    Camera(Device& openedDevice, std::uint32_t linkBaudRate, QString portName);
 
     /// As log and journal call it.
     [[nodiscard]] QString name() const;
@@ -34,12 +35,10 @@ private:
     /// What becomes of a call on its way to the camera.
     struct Passage {
         bool carryOut = false;
-        std::optional<qint64> value = {}; ///< answer of the plan
-        QString word = {};                ///< the same where a number says too little
-        QString note = {};                ///< for the journal
+        QString note = {}; ///< for the journal
     };
 
-    Passage enter(Operation operation);
+    Passage enter(Operation operation, const std::array<qint64, 5>& arguments = {});
     void leave(Operation operation, const QStringList& arguments, const QString& answer,
                const QString& note);
 
@@ -61,8 +60,10 @@ private:
     Device& device;
     std::uint32_t serialNumber;
     std::uint32_t baudRate;
+    QString port;
     bool open = true;
-    QString filled;                   ///< text of the record that the current call has filled
+    Verdict planned; ///< what the plan wants of the current call, when that arrives
+    QString filled;  ///< text of the record that the current call has filled
     EdgeCorrection spareEdgeRecord{}; ///< answered when the program gave no area
 };
 

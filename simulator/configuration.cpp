@@ -27,7 +27,7 @@ ConfigurationValues Configuration::values() const
 
 const char* Configuration::getCommunicationType()
 {
-    const Verdict verdict = Simulator::instance().judge(Operation::getCommunicationType);
+    const Verdict verdict = Simulator::instance().judge({Operation::getCommunicationType});
     answeredType = verdict.carryOut ? communicationType : verdict.word.toLocal8Bit();
     return answeredType.constData();
 }

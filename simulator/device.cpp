@@ -208,6 +208,13 @@ ombrix_sdk::OperatingTime Device::operatingTime() const
             get<std::uint32_t>(Parameter::startups)};
 }
 
+ombrix_sdk::EdgeCorrection Device::edgeCorrection() const
+{
+    return {get<std::uint8_t>(Parameter::edgeType), get<std::uint32_t>(Parameter::edgeGain),
+            get<std::uint32_t>(Parameter::edgeFirstThreshold),
+            get<std::uint32_t>(Parameter::edgeSecondThreshold)};
+}
+
 ombrix_sdk::Zoom Device::zoom() const
 {
     return {get<float>(Parameter::zoomFactor), get<std::int32_t>(Parameter::zoomXCenter),

@@ -63,6 +63,7 @@ public:
     // What the getters of records answer.
     [[nodiscard]] ombrix_sdk::Temperatures temperatures() const;
     [[nodiscard]] ombrix_sdk::OperatingTime operatingTime() const;
+    [[nodiscard]] ombrix_sdk::EdgeCorrection edgeCorrection() const;
     [[nodiscard]] ombrix_sdk::Zoom zoom() const;
     [[nodiscard]] ombrix_sdk::ZoomResolution zoomResolution() const;
     [[nodiscard]] ombrix_sdk::AhcGainsLimitation ahcGains() const;

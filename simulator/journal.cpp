@@ -2,15 +2,6 @@
 #include "simulator/journal.h"
 
 namespace simulator {
-namespace {
-
-template<typename... Fields> QString braces(Fields... fields)
-{
-    return QLatin1Char('{') + QStringList({journalText(fields)...}).join(QStringLiteral(", ")) +
-           QLatin1Char('}');
-}
-
-} // namespace
 
 QString journalText(const std::string& text)
 {
@@ -25,36 +16,6 @@ QString journalText(const char* text)
 QString journalText(bool flag)
 {
     return flag ? QStringLiteral("true") : QStringLiteral("false");
-}
-
-QString journalText(const ombrix_sdk::Temperatures& record)
-{
-    return braces(record.sensor, record.fpga);
-}
-
-QString journalText(const ombrix_sdk::OperatingTime& record)
-{
-    return braces(record.minutes, record.startups);
-}
-
-QString journalText(const ombrix_sdk::EdgeCorrection& record)
-{
-    return braces(record.type, record.gain, record.firstThreshold, record.secondThreshold);
-}
-
-QString journalText(const ombrix_sdk::Zoom& record)
-{
-    return braces(record.factor, record.xCenter, record.yCenter, record.method);
-}
-
-QString journalText(const ombrix_sdk::ZoomResolution& record)
-{
-    return braces(record.x, record.y);
-}
-
-QString journalText(const ombrix_sdk::AhcGainsLimitation& record)
-{
-    return braces(record.black, record.white);
 }
 
 QString Journal::setFile(const QString& path)

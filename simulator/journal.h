@@ -3,13 +3,14 @@
 // without times, so that two journals can be compared.
 #pragma once
 
-#include "sdk/ombrix_sdk.h"
+#include "simulator/records.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
 #include <string>
+#include <tuple>
 #include <type_traits>
 
 namespace simulator {
@@ -18,18 +19,23 @@ namespace simulator {
 QString journalText(const std::string& text);
 QString journalText(const char* text);
 QString journalText(bool flag);
-QString journalText(const ombrix_sdk::Temperatures& record);
-QString journalText(const ombrix_sdk::OperatingTime& record);
-QString journalText(const ombrix_sdk::EdgeCorrection& record);
-QString journalText(const ombrix_sdk::Zoom& record);
-QString journalText(const ombrix_sdk::ZoomResolution& record);
-QString journalText(const ombrix_sdk::AhcGainsLimitation& record);
 template<typename Number>
 requires(std::is_arithmetic_v<Number>) QString journalText(Number number)
 {
     return QString::number(number);
 }
-/// A record by pointer is written with its fields.
+/// A record is written with its fields.
+template<HasFields Record>
+requires(std::is_class_v<Record>) QString journalText(const Record& record)
+{
+    return std::apply(
+        [](const auto&... fields) {
+            return QLatin1Char('{') +
+                   QStringList({journalText(fields)...}).join(QStringLiteral(", ")) +
+                   QLatin1Char('}');
+        },
+        fieldsOf(record));
+}
 template<typename Record> QString journalText(const Record* record)
 {
     return record == nullptr ? QStringLiteral("null") : journalText(*record);
@@ -50,6 +56,8 @@ public:
     /// Starts the journal in the file, which is emptied; an empty path means no journal. Returns
     /// the reason when the file cannot be opened.
     QString setFile(const QString& path);
+    /// Whether calls are written down: their texts need not be made up otherwise.
+    [[nodiscard]] bool isOn() const { return file.isOpen(); }
     /// Nothing happens without a file.
     void write(const JournalEntry& entry);
 

@@ -3,9 +3,13 @@
 
 #include "sdk/ombrix_sdk.h"
 #include "simulator/badpixels.h"
+#include "simulator/records.h"
+
+#include <QtCore/QStringList>
 
 #include <array>
 #include <initializer_list>
+#include <tuple>
 #include <type_traits>
 
 namespace simulator {
@@ -14,9 +18,16 @@ namespace {
 using namespace ombrix_sdk;
 
 /// Bytes that a record needs on the link: its fields, without what fills it up in memory.
-template<typename Record> constexpr int fieldBytes = sizeof(Record);
-template<> constexpr int fieldBytes<EdgeCorrection> = 3 * sizeof(std::uint32_t) + 1;
-template<> constexpr int fieldBytes<Zoom> = 3 * sizeof(std::uint32_t) + 1;
+template<typename Record> constexpr int fieldBytes()
+{
+    Record record{};
+    return std::apply([](const auto&... fields) { return static_cast<int>((sizeof fields + ...)); },
+                      fieldsOf(record));
+}
+template<> constexpr int fieldBytes<std::uint32_t>()
+{
+    return sizeof(std::uint32_t);
+}
 
 /// Bytes of an argument: numbers and constant records are sent, the other records come back. The
 /// content of a buffer without a type is not counted.
@@ -28,9 +39,9 @@ template<typename Argument> constexpr Transfer transferOf()
     } else if constexpr (std::is_void_v<Pointee>) {
         return {};
     } else if constexpr (std::is_const_v<Pointee>) {
-        return {.sent = fieldBytes<std::remove_const_t<Pointee>>};
+        return {.sent = fieldBytes<std::remove_const_t<Pointee>>()};
     } else {
-        return {.received = fieldBytes<Pointee>};
+        return {.received = fieldBytes<Pointee>()};
     }
 }
 
@@ -73,35 +84,62 @@ constexpr std::optional<Kind> answerOf(Result (ICamera::*)(Arguments...))
     }
 }
 
+using Kinds = std::vector<Kind> (*)();
+
+/// The kinds of the record's fields when the argument is one that is filled; null otherwise.
+template<typename Argument> constexpr Kinds recordKinds()
+{
+    using Record = std::remove_pointer_t<Argument>;
+    if constexpr (std::is_pointer_v<Argument> && HasFields<Record> && !std::is_const_v<Record>) {
+        return &kindsOf<Record>;
+    } else {
+        return nullptr;
+    }
+}
+
+/// The fields of the record that an operation fills.
+template<typename Result, typename... Arguments>
+constexpr Kinds recordOf(Result (ICamera::*)(Arguments...))
+{
+    Kinds kinds = nullptr;
+    ((kinds = recordKinds<Arguments>() != nullptr ? recordKinds<Arguments>() : kinds), ...);
+    return kinds;
+}
+
 /// What the types do not tell: how long a table is, and what the library does without the camera.
-constexpr OperationFacts factsOf(Operation operation, const char* name, Transfer transfer,
-                                 std::optional<Kind> answer)
+constexpr OperationFacts refine(Operation operation, OperationFacts facts)
 {
     switch (operation) {
     case Operation::loadBadPixelList:
     case Operation::addBadPixels:
     case Operation::removeBadPixels:
-        return {name, std::nullopt, answer};
+        return {facts.name, std::nullopt, facts.answer, facts.arguments, facts.record};
     case Operation::readTableData:
-        transfer.received = tableLength;
+        facts.transfer->received = tableLength;
         break;
     case Operation::writeTableData:
-        transfer.sent += tableLength;
+        facts.transfer->sent += tableLength;
         break;
     default:
         break;
     }
-    return {name, transfer, answer};
+    return facts;
 }
 
 constexpr std::array<OperationFacts, operationCount> operationRows = {{
-    {"getCommunicationType", std::nullopt, std::nullopt},
-    {"saveConfiguration", std::nullopt, std::nullopt},
-    {"openCamera", Transfer{.sent = 0, .received = 4}, std::nullopt},
-#define FACTS(name, transfer) factsOf(Operation::name, #name, transfer, answerOf(&ICamera::name)),
-#define CAMERA(Result, name, arguments) FACTS(name, transferOf(&ICamera::name))
-#define GET_ROI(name, coordinate) FACTS(name, readCoordinate)
-#define SET_ROI(name, coordinate) FACTS(name, writeCoordinate)
+    {"getCommunicationType", std::nullopt, std::nullopt, "()", nullptr},
+    {"saveConfiguration", std::nullopt, std::nullopt, "()", nullptr},
+    {"openCamera", Transfer{.sent = 0, .received = 4}, std::nullopt, "(const char* portName)",
+     nullptr},
+#define FACTS(name, transfer, arguments)                                                           \
+    refine(Operation::name,                                                                        \
+           {#name, transfer, answerOf(&ICamera::name), arguments, recordOf(&ICamera::name)}),
+#define CAMERA(Result, name, arguments) FACTS(name, transferOf(&ICamera::name), #arguments)
+#define GET_ROI(name, coordinate) FACTS(name, readCoordinate, "(std::uint32_t region)")
+#define SET_ROI(name, coordinate)                                                                  \
+    FACTS(name, writeCoordinate,                                                                   \
+          "(std::uint32_t " #coordinate ", std::uint32_t region, bool roi1Inclusive, "             \
+          "bool roi0Exclusive, bool roi1Exclusive)")
 #include "sdk/operations.def"
 #undef FACTS
 }};
@@ -119,6 +157,22 @@ const OperationFacts& factsOf(Operation operation)
 QString nameOf(Operation operation)
 {
     return QString::fromLatin1(factsOf(operation).name);
+}
+
+std::optional<std::size_t> argumentNamed(Operation operation, const QString& name)
+{
+    const QString declared = QString::fromLatin1(factsOf(operation).arguments);
+    const QStringList arguments =
+        declared.mid(1, declared.size() - 2).split(QStringLiteral(", "), Qt::SkipEmptyParts);
+    for (int place = 0; place < arguments.size(); ++place) {
+        const QString& argument = arguments.at(place);
+        const bool isNumber =
+            !argument.contains(QLatin1Char('*')) && !argument.contains(QLatin1Char('&'));
+        if (isNumber && argument.endsWith(QLatin1Char(' ') + name)) {
+            return static_cast<std::size_t>(place);
+        }
+    }
+    return std::nullopt;
 }
 
 qint64 timeOnTheLink(Operation operation, std::uint32_t baudRate)

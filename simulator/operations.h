@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace simulator {
 
@@ -36,11 +37,17 @@ struct OperationFacts {
     const char* name;
     std::optional<Transfer> transfer; ///< nothing: the library's own work, without the camera
     std::optional<Kind> answer;       ///< what its answer is when it is a number
+    const char* arguments;            ///< as they are declared
+    std::vector<Kind> (*record)();    ///< kinds of the fields that it fills; null: it fills none
 };
 
 const OperationFacts& factsOf(Operation operation);
 
 QString nameOf(Operation operation);
+
+/// The place of an argument that is a number among the operation's arguments, or nothing when there
+/// is no such argument.
+std::optional<std::size_t> argumentNamed(Operation operation, const QString& name);
 
 /// Time in microseconds that the operation's bytes need at the baud rate, frames included.
 qint64 timeOnTheLink(Operation operation, std::uint32_t baudRate);

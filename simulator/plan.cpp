@@ -2,13 +2,16 @@
 #include "simulator/plan.h"
 
 #include "simulator/badpixels.h"
+#include "simulator/files.h"
 #include "simulator/ini.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QRegularExpression>
 
 #include <algorithm>
 #include <limits>
+#include <tuple>
 
 namespace simulator {
 namespace {
@@ -16,7 +19,9 @@ namespace {
 const QString powerSection = QStringLiteral("power");
 const QString callsKey = QStringLiteral("calls");
 const QString valueKey = QStringLiteral("value");
-const QString ruleKeys = QStringLiteral("calls, probability, seed, value, carryOut, delay, hangUp");
+const QString connectionSection = QStringLiteral("connection");
+const QString ruleKeys = QStringLiteral("calls, probability, seed, camera, port, where, value, "
+                                        "record, table, carryOut, delay, hangUp");
 const QString nothingDone = QStringLiteral("the section does nothing");
 constexpr qint64 forEver = std::numeric_limits<qint64>::max();
 
@@ -42,15 +47,15 @@ std::bitset<operationCount> matchingOperations(const QString& pattern)
     return operations;
 }
 
-/// The ranges of a list such as "3", "3-" or "1,4-6"; empty when it is none.
-std::vector<std::pair<qint64, qint64>> parseCalls(const QString& text)
+using Ranges = std::vector<std::pair<qint64, qint64>>;
+
+/// The ranges of a list of 32-bit numbers such as "3", "3-" or "1,4-6"; empty when it is none.
+Ranges parseRanges(const QString& text)
 {
-    if (text == QLatin1String("always")) {
-        return {{1, forEver}};
-    }
+    constexpr qint64 most = std::numeric_limits<std::uint32_t>::max();
     static const QRegularExpression range(
-        QStringLiteral("^\\s*(\\d{1,9})\\s*(?:(-)\\s*(\\d{1,9})?)?\\s*$"));
-    std::vector<std::pair<qint64, qint64>> calls;
+        QStringLiteral("^\\s*(\\d{1,10})\\s*(?:(-)\\s*(\\d{1,10})?)?\\s*$"));
+    Ranges ranges;
     const QStringList items = text.split(QLatin1Char(','));
     for (const QString& item : items) {
         const QRegularExpressionMatch match = range.match(item);
@@ -58,12 +63,54 @@ std::vector<std::pair<qint64, qint64>> parseCalls(const QString& text)
         const qint64 last = match.captured(2).isEmpty()   ? first
                             : match.captured(3).isEmpty() ? forEver
                                                           : match.captured(3).toLongLong();
-        if (!match.hasMatch() || first < 1 || last < first) {
+        if (!match.hasMatch() || last < first || first > most || (last > most && last != forEver)) {
             return {};
         }
-        calls.emplace_back(first, last);
+        ranges.emplace_back(first, last);
     }
-    return calls;
+    return ranges;
+}
+
+/// The calls that a rule hits; empty when the text names none.
+Ranges parseCalls(const QString& text)
+{
+    if (text == QLatin1String("always")) {
+        return {{1, forEver}};
+    }
+    const Ranges calls = parseRanges(text);
+    const bool fromOne =
+        std::all_of(calls.begin(), calls.end(), [](const auto& range) { return range.first >= 1; });
+    return fromOne ? calls : Ranges();
+}
+
+/// The values of an argument, where a switch is true or false.
+Ranges parseValues(const QString& text)
+{
+    if (text == QLatin1String("true") || text == QLatin1String("false")) {
+        const qint64 value = text == QLatin1String("true") ? 1 : 0;
+        return {{value, value}};
+    }
+    return parseRanges(text);
+}
+
+bool contains(const Ranges& ranges, qint64 value)
+{
+    return std::any_of(ranges.begin(), ranges.end(), [value](const auto& range) {
+        return value >= range.first && value <= range.second;
+    });
+}
+
+/// Whether an operation goes to a camera or asks for one.
+bool isOfACamera(Operation operation)
+{
+    return operation >= firstCameraOperation || operation == Operation::openCamera;
+}
+
+/// A section is named by its operation or pattern; what follows a blank tells it from others of the
+/// same.
+QString patternOf(const QString& section)
+{
+    return section.section(QLatin1Char(' '), 0, 0);
 }
 
 /// Why the operation cannot answer with the text; empty when it can.
@@ -121,71 +168,144 @@ bool Plan::refresh()
 void Plan::read(IniFile& ini)
 {
     rules.clear();
-    const QStringList patterns = ini.sections();
-    for (const QString& pattern : patterns) {
-        if (pattern == powerSection) {
+    const QStringList sections = ini.sections();
+    for (const QString& section : sections) {
+        if (section == powerSection) {
             const std::optional<double> number =
                 ini.number(powerSection, {"cycles", Kind::Word, 0}, nothingDone);
             if (ini.finish(powerSection, QStringLiteral("cycles"))) {
                 cycles = as<qint64>(number.value_or(0));
             }
-        } else if (const std::optional<Rule> rule = readRule(ini, pattern)) {
+        } else if (const std::optional<Rule> rule = readRule(ini, section)) {
             rules.push_back(*rule);
         }
     }
-    // More letters that are given make a pattern more exact; a name without * beats them all.
+    // A lost connection beats every rule. A name without * is more exact than one with; then more
+    // letters that are given, and then more conditions.
     std::stable_sort(rules.begin(), rules.end(), [](const Rule& left, const Rule& right) {
-        const auto exactness = [](const QString& pattern) {
-            const auto stars = pattern.count(QLatin1Char('*'));
-            return std::pair(stars == 0, pattern.size() - stars);
+        const auto exactness = [](const Rule& rule) {
+            const auto stars = rule.pattern.count(QLatin1Char('*'));
+            const std::size_t conditions =
+                rule.where.size() + (rule.camera ? 1 : 0) + (rule.port ? 1 : 0);
+            return std::tuple(rule.verdict.lost, stars == 0, rule.pattern.size() - stars,
+                              conditions);
         };
-        return exactness(left.pattern) > exactness(right.pattern);
+        return exactness(left) > exactness(right);
     });
     found = ini.problems();
 }
 
-std::optional<Plan::Rule> Plan::readRule(IniFile& ini, const QString& pattern)
+std::optional<Plan::Rule> Plan::readRule(IniFile& ini, const QString& section) const
 {
     Rule rule;
-    rule.pattern = pattern;
-    rule.operations = matchingOperations(pattern);
+    rule.pattern = patternOf(section);
+    rule.calls = {{1, forEver}};
+    rule.verdict.planned = true;
+    const auto number = [&](const char* key, Kind kind, double fallback) {
+        return ini.number(section, {key, kind, fallback}, nothingDone).value_or(fallback);
+    };
+    if (rule.pattern == connectionSection) {
+        rule.operations = matchingOperations(QStringLiteral("*"));
+        rule.operations.set(static_cast<std::size_t>(Operation::openCamera));
+        rule.verdict.lost = number("lost", Kind::Switch, 0) != 0;
+        readScope(ini, section, rule);
+        const bool sound = ini.finish(section, QStringLiteral("lost, camera, port"));
+        return sound && rule.verdict.lost ? std::optional(rule) : std::nullopt;
+    }
+    rule.operations = matchingOperations(rule.pattern);
     if (rule.operations.none()) {
-        ini.rejectSection(pattern, QStringLiteral("no operation has this name; ") + nothingDone);
+        ini.rejectSection(section, QStringLiteral("no operation has this name; ") + nothingDone);
         return std::nullopt;
     }
-    if (ini.isEmpty(pattern)) {
+    if (ini.isEmpty(section)) {
         ini.rejectSection(
-            pattern,
+            section,
             QStringLiteral("a rule has one of the keys %1; %2").arg(ruleKeys, nothingDone));
         return std::nullopt;
     }
-    rule.calls = {{1, forEver}};
-    if (const auto text = ini.text(pattern, callsKey)) {
+    if (const auto text = ini.text(section, callsKey)) {
         rule.calls = parseCalls(*text);
         if (rule.calls.empty()) {
-            ini.addProblem(pattern, callsKey,
+            ini.addProblem(section, callsKey,
                            QStringLiteral("%1 is neither always nor a list such as 3, 5-7, 9-, "
                                           "counted from 1; %2")
                                .arg(quoted(*text), nothingDone));
         }
     }
-    const auto number = [&](const char* key, Kind kind, double fallback) {
-        return ini.number(pattern, {key, kind, fallback}, nothingDone).value_or(fallback);
-    };
     rule.probability = number("probability", Kind::Share, 1);
     rule.random = Random(as<std::uint64_t>(number("seed", Kind::Word, 1)));
-    rule.verdict.planned = true;
     rule.verdict.carryOut = number("carryOut", Kind::Switch, 0) != 0;
     rule.verdict.hangUp = number("hangUp", Kind::Switch, 0) != 0;
     rule.verdict.delay = as<qint64>(number("delay", Kind::Word, 0));
-    if (const auto text = ini.text(pattern, valueKey)) {
-        takeValue(ini, *text, rule);
-    }
-    return ini.finish(pattern, ruleKeys) ? std::optional(rule) : std::nullopt;
+    readScope(ini, section, rule);
+    readWhere(ini, section, rule);
+    readValue(ini, section, rule);
+    readRecord(ini, section, rule);
+    readTable(ini, section, rule);
+    return ini.finish(section, ruleKeys) ? std::optional(rule) : std::nullopt;
 }
 
-void Plan::takeValue(IniFile& ini, const QString& text, Rule& rule)
+void Plan::readScope(IniFile& ini, const QString& section, Rule& rule)
 {
+    const QString cameraKey = QStringLiteral("camera");
+    const QString portKey = QStringLiteral("port");
+    if (const std::optional<double> serial =
+            ini.number(section, {"camera", Kind::Word, 0}, nothingDone)) {
+        rule.camera = as<std::uint32_t>(*serial);
+    }
+    rule.port = ini.text(section, portKey);
+    if (rule.port && rule.port->isEmpty()) {
+        ini.addProblem(section, portKey,
+                       QStringLiteral("\"\" is no name of a port; %1").arg(nothingDone));
+    }
+    for (std::size_t number = 0; number < operationCount; ++number) {
+        const auto operation = static_cast<Operation>(number);
+        if ((rule.camera || rule.port) && rule.operations.test(number) && !isOfACamera(operation)) {
+            ini.addProblem(
+                section, rule.camera ? cameraKey : portKey,
+                QStringLiteral("%1 is of no camera; %2").arg(nameOf(operation), nothingDone));
+        }
+    }
+}
+
+void Plan::readWhere(IniFile& ini, const QString& section, Rule& rule)
+{
+    const QString key = QStringLiteral("where");
+    const std::optional<QString> text = ini.text(section, key);
+    if (!text) {
+        return;
+    }
+    const QStringList conditions = text->split(QStringLiteral(" and "));
+    for (const QString& condition : conditions) {
+        const QString argument = condition.trimmed().section(QLatin1Char(' '), 0, 0);
+        const Ranges values = parseValues(condition.trimmed().mid(argument.size()).trimmed());
+        if (argument.isEmpty() || values.empty()) {
+            ini.addProblem(
+                section, key,
+                QStringLiteral("%1 is not an argument with true, false or a list such as "
+                               "3, 5-7, 9-; %2")
+                    .arg(quoted(condition), nothingDone));
+        }
+        for (std::size_t number = 0; number < operationCount; ++number) {
+            const auto operation = static_cast<Operation>(number);
+            if (rule.operations.test(number) && !argumentNamed(operation, argument)) {
+                ini.addProblem(section, key,
+                               QStringLiteral("%1%2 has no number %3; %4")
+                                   .arg(nameOf(operation),
+                                        QString::fromLatin1(factsOf(operation).arguments),
+                                        quoted(argument), nothingDone));
+            }
+        }
+        rule.where.push_back({argument, values});
+    }
+}
+
+void Plan::readValue(IniFile& ini, const QString& section, Rule& rule)
+{
+    const std::optional<QString> text = ini.text(section, valueKey);
+    if (!text) {
+        return;
+    }
     const bool group = rule.pattern.contains(QLatin1Char('*'));
     for (std::size_t number = 0; number < operationCount; ++number) {
         const auto operation = static_cast<Operation>(number);
@@ -194,35 +314,99 @@ void Plan::takeValue(IniFile& ini, const QString& text, Rule& rule)
         if (!rule.operations.test(number) || (group && !kind)) {
             continue;
         }
-        if (const QString reason = reasonAgainst(operation, text); !reason.isEmpty()) {
-            ini.addProblem(rule.pattern, valueKey,
-                           QStringLiteral("%1; %2").arg(reason, nothingDone));
+        if (const QString reason = reasonAgainst(operation, *text); !reason.isEmpty()) {
+            ini.addProblem(section, valueKey, QStringLiteral("%1; %2").arg(reason, nothingDone));
             return;
         }
         if (kind) {
-            rule.verdict.value = static_cast<qint64>(*parseField(*kind, text));
+            rule.verdict.value = static_cast<qint64>(*parseField(*kind, *text));
         } else {
-            rule.verdict.word = text;
+            rule.verdict.word = *text;
         }
     }
 }
 
-Verdict Plan::judge(Operation operation)
+void Plan::readRecord(IniFile& ini, const QString& section, Rule& rule)
 {
-    const auto rule = std::find_if(rules.begin(), rules.end(), [operation](const Rule& candidate) {
-        return candidate.operations.test(static_cast<std::size_t>(operation));
+    const QString key = QStringLiteral("record");
+    const std::optional<QString> text = ini.text(section, key);
+    if (!text) {
+        return;
+    }
+    const QStringList numbers = text->split(QLatin1Char(','));
+    for (std::size_t number = 0; number < operationCount; ++number) {
+        const auto operation = static_cast<Operation>(number);
+        if (!rule.operations.test(number)) {
+            continue;
+        }
+        const auto record = factsOf(operation).record;
+        const std::vector<Kind> kinds = record != nullptr ? record() : std::vector<Kind>();
+        if (kinds.size() != static_cast<std::size_t>(numbers.size())) {
+            ini.addProblem(section, key,
+                           QStringLiteral("%1 fills in %2 numbers, and %3 are given; %4")
+                               .arg(nameOf(operation), QString::number(kinds.size()),
+                                    QString::number(numbers.size()), nothingDone));
+            return;
+        }
+        rule.verdict.record.clear();
+        for (std::size_t field = 0; field < kinds.size(); ++field) {
+            const QString& written = numbers.at(static_cast<int>(field));
+            const std::optional<double> value = parseField(kinds[field], written);
+            if (!value) {
+                ini.addProblem(section, key,
+                               QStringLiteral("%1 is not %2; %3")
+                                   .arg(quoted(written), describeKind(kinds[field]), nothingDone));
+            }
+            rule.verdict.record.push_back(value.value_or(0));
+        }
+    }
+}
+
+void Plan::readTable(IniFile& ini, const QString& section, Rule& rule) const
+{
+    const QString key = QStringLiteral("table");
+    const std::optional<QString> path = ini.text(section, key);
+    if (!path) {
+        return;
+    }
+    QString reason;
+    if (rule.pattern != nameOf(Operation::readTableData)) {
+        reason = QStringLiteral("only readTableData reads one");
+    } else if (const std::optional<QByteArray> content =
+                   readFile(QFileInfo(QFileInfo(file).dir(), *path).absoluteFilePath(), tableLength,
+                            &reason)) {
+        rule.verdict.table = *content;
+        return;
+    }
+    ini.addProblem(
+        section, key,
+        QStringLiteral("%1 is no table region: %2; %3").arg(quoted(*path), reason, nothingDone));
+}
+
+bool Plan::isFor(const Rule& rule, const Call& call)
+{
+    if (!rule.operations.test(static_cast<std::size_t>(call.operation)) ||
+        (rule.camera && rule.camera != call.camera) || (rule.port && *rule.port != call.port)) {
+        return false;
+    }
+    return std::all_of(rule.where.begin(), rule.where.end(), [&call](const Condition& condition) {
+        const std::optional<std::size_t> place = argumentNamed(call.operation, condition.argument);
+        return place && contains(condition.values, call.arguments.at(*place));
+    });
+}
+
+Verdict Plan::judge(const Call& call)
+{
+    const auto rule = std::find_if(rules.begin(), rules.end(), [&call](const Rule& candidate) {
+        return isFor(candidate, call);
     });
     if (rule == rules.end()) {
         return {};
     }
     ++rule->count;
-    const bool inRange =
-        std::any_of(rule->calls.begin(), rule->calls.end(), [&](const auto& range) {
-            return rule->count >= range.first && rule->count <= range.second;
-        });
     // Every call draws, so that the same seed hits the same calls whatever the ranges.
     const bool drawn = rule->random.fraction() < rule->probability;
-    return inRange && drawn ? rule->verdict : Verdict{};
+    return contains(rule->calls, rule->count) && drawn ? rule->verdict : Verdict{};
 }
 
 } // namespace simulator

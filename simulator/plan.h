@@ -7,12 +7,16 @@
 #include "simulator/operations.h"
 #include "simulator/random.h"
 
+#include <QtCore/QByteArray>
 #include <QtCore/QDateTime>
 #include <QtCore/QFileInfo>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
+#include <QtCore/QStringView>
 
+#include <array>
 #include <bitset>
+#include <cstdint>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -21,14 +25,25 @@ namespace simulator {
 
 class IniFile;
 
+/// A call, as far as rules look at it.
+struct Call {
+    Operation operation;
+    std::optional<std::uint32_t> camera = {}; ///< its serial number; nothing: there is none
+    QStringView port = {};                    ///< by which it is reached; empty: by none
+    std::array<qint64, 5> arguments = {};     ///< those that are numbers, at their places
+};
+
 /// What the plan wants of one call.
 struct Verdict {
     bool planned = false;        ///< a rule of the plan applies to this call
     bool carryOut = true;        ///< do what was asked for
     bool hangUp = false;         ///< from this call on, no answer at all
+    bool lost = false;           ///< no answer, as long as the rule is there
     qint64 delay = 0;            ///< milliseconds before anything else happens
     std::optional<qint64> value; ///< to be answered instead
     QString word;                ///< the same for the operations that do not answer a number
+    std::vector<double> record;  ///< numbers of the fields to be filled in; empty: as usual
+    QByteArray table;            ///< the table region to be read; empty: as usual
 };
 
 class Plan {
@@ -47,22 +62,38 @@ public:
     [[nodiscard]] qint64 powerCycles() const { return cycles; }
 
     /// Counts the call and answers what is to become of it.
-    Verdict judge(Operation operation);
+    Verdict judge(const Call& call);
 
 private:
+    using Ranges = std::vector<std::pair<qint64, qint64>>; ///< first and last of each
+
+    /// What an argument has to be: its place depends on the operation.
+    struct Condition {
+        QString argument;
+        Ranges values;
+    };
+
     struct Rule {
         QString pattern;                        ///< name of an operation; * stands for any letters
         std::bitset<operationCount> operations; ///< those that the pattern matches
-        std::vector<std::pair<qint64, qint64>> calls; ///< first and last, counted from 1
+        std::optional<std::uint32_t> camera;    ///< only calls of this one
+        std::optional<QString> port;            ///< only calls by this one
+        std::vector<Condition> where;           ///< only calls with these arguments
+        Ranges calls;                           ///< counted from 1
         double probability = 1;
         Random random{1};
         Verdict verdict;
         qint64 count = 0;
     };
 
+    static bool isFor(const Rule& rule, const Call& call);
     /// Nothing when there is a mistake in the section.
-    static std::optional<Rule> readRule(IniFile& ini, const QString& pattern);
-    static void takeValue(IniFile& ini, const QString& text, Rule& rule);
+    std::optional<Rule> readRule(IniFile& ini, const QString& section) const;
+    static void readScope(IniFile& ini, const QString& section, Rule& rule);
+    static void readWhere(IniFile& ini, const QString& section, Rule& rule);
+    static void readValue(IniFile& ini, const QString& section, Rule& rule);
+    static void readRecord(IniFile& ini, const QString& section, Rule& rule);
+    void readTable(IniFile& ini, const QString& section, Rule& rule) const;
 
     QString file;
     std::optional<std::pair<QDateTime, qint64>> lastState; ///< time and size of the file when read

@@ -29,7 +29,7 @@ ombrix_sdk::ISdkConfiguration* SdkRoot::getConfiguration()
 
 void SdkRoot::saveConfiguration()
 {
-    if (Simulator::instance().judge(Operation::saveConfiguration).carryOut) {
+    if (Simulator::instance().judge({Operation::saveConfiguration}).carryOut) {
         Simulator::instance().saveConfiguration();
     }
     journalCall(nameOf(Operation::saveConfiguration));

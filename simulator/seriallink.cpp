@@ -11,10 +11,13 @@ namespace {
 const QString linkSubject = QStringLiteral("link");
 
 /// Why no camera was opened, for the log: the program learns only that there is none.
-QString reasonOfSilence(const Device* device, std::uint32_t baudRate)
+QString reasonOfSilence(const Device* device, std::uint32_t baudRate, const Verdict& verdict)
 {
     if (device == nullptr) {
         return QStringLiteral("no camera is plugged in there");
+    }
+    if (verdict.lost) {
+        return QStringLiteral("the connection is lost, by the plan");
     }
     if (device->isHanging()) {
         return QStringLiteral("the camera hangs");
@@ -37,16 +40,21 @@ ombrix_sdk::ICamera* SerialLink::openCamera(const char* portName)
                                         : QStringLiteral("openCamera with a null pointer"));
         return nullptr;
     }
-    const Verdict verdict = simulator.judge(Operation::openCamera);
-    Device* const device = simulator.deviceAt(QString::fromLocal8Bit(portName));
+    const QString port = QString::fromLocal8Bit(portName);
+    Device* const device = simulator.deviceAt(port);
+    Call call{Operation::openCamera};
+    call.port = port;
+    if (device != nullptr) {
+        call.camera = device->get<std::uint32_t>(Parameter::serialNumber);
+    }
+    const Verdict verdict = simulator.judge(call);
     const bool reached = simulator.reach(device, baudRate, Operation::openCamera, verdict);
     const bool answers = reached && verdict.carryOut;
     if (answers) {
-        cameras.push_back(std::make_unique<Camera>(*device, baudRate));
+        cameras.push_back(std::make_unique<Camera>(*device, baudRate, port));
     } else {
-        simulator.log().notice(
-            QStringLiteral("openCamera %1: %2")
-                .arg(QString::fromLocal8Bit(portName), reasonOfSilence(device, baudRate)));
+        simulator.log().notice(QStringLiteral("openCamera %1: %2")
+                                   .arg(port, reasonOfSilence(device, baudRate, verdict)));
     }
     simulator.journal().write({.subject = linkSubject,
                                .operation = nameOf(Operation::openCamera),

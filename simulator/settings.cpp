@@ -24,6 +24,7 @@ const QString portsKey = QStringLiteral("ports");
 
 constexpr const char* settingsVariable = "TAVREL_SIMULATOR_SETTINGS";
 constexpr const char* freshVariable = "TAVREL_SIMULATOR_FACTORY_FRESH";
+constexpr const char* safeVariable = "TAVREL_SIMULATOR_SAFE";
 constexpr const char* strictVariable = "TAVREL_SIMULATOR_STRICT";
 
 /// A path of the [simulator] section and the environment variable that goes before it.
@@ -78,6 +79,7 @@ void readSimulator(IniFile& ini, Settings& settings)
                     ini.text(simulatorSection, QLatin1String(facts.key)).value_or(QString()));
     }
     settings.factoryFresh = number("factoryFresh", Kind::Switch, 0) != 0;
+    settings.safe = number("safe", Kind::Switch, 0) != 0;
     Behaviour& behaviour = settings.behaviour;
     behaviour.seed = as<std::uint64_t>(number("seed", Kind::Word, 1));
     behaviour.manualClock = number("manualClock", Kind::Switch, 0) != 0;
@@ -86,7 +88,7 @@ void readSimulator(IniFile& ini, Settings& settings)
     behaviour.timeout = as<qint64>(number("timeout", Kind::Word, 0));
     behaviour.nucDuration = as<qint64>(number("nucDuration", Kind::Word, 0));
     ini.finish(simulatorSection,
-               QStringLiteral("log, journal, plan, memory, factoryFresh, seed, manualClock, "
+               QStringLiteral("log, journal, plan, memory, factoryFresh, safe, seed, manualClock, "
                               "warmUp, latency, timeout, nucDuration"));
 }
 
@@ -109,7 +111,7 @@ bool switchOf(const char* variable, bool initial, bool otherwise, QStringList& p
 void readEnvironment(Settings& settings)
 {
     QStringList known = {QLatin1String(settingsVariable), QLatin1String(freshVariable),
-                         QLatin1String(strictVariable)};
+                         QLatin1String(safeVariable), QLatin1String(strictVariable)};
     for (const PathFacts& facts : paths) {
         known << QLatin1String(facts.variable);
         const QString path = qEnvironmentVariable(facts.variable);
@@ -119,6 +121,7 @@ void readEnvironment(Settings& settings)
     }
     settings.factoryFresh =
         switchOf(freshVariable, settings.factoryFresh, settings.factoryFresh, settings.problems);
+    settings.safe = switchOf(safeVariable, settings.safe, true, settings.problems);
     settings.strict = switchOf(strictVariable, false, true, settings.problems);
     known.sort();
     QStringList names = QProcessEnvironment::systemEnvironment().keys();

@@ -56,6 +56,7 @@ struct Settings {
     QString planFile;
     QString memoryFolder;
     bool factoryFresh = false; ///< forget the memory at the start
+    bool safe = false;         ///< no plan is followed
     bool strict = false;       ///< a problem ends the program
     Behaviour behaviour;
     ConfigurationValues configuration;

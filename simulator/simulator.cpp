@@ -33,10 +33,10 @@ void Simulator::restart()
 void Simulator::load()
 {
     settings = Settings::load();
-    plan.setFile(settings.planFile);
+    plan.setFile(settings.safe ? QString() : settings.planFile);
     logWriter.setStrict(settings.strict);
     QStringList problems = settings.problems + plan.problems();
-    if (settings.strict && !settings.planFile.isEmpty() && !plan.isThere()) {
+    if (settings.strict && !settings.safe && !settings.planFile.isEmpty() && !plan.isThere()) {
         problems << QStringLiteral("%1: there is no such file").arg(settings.planFile);
     }
     if (settings.strict) {
@@ -79,10 +79,12 @@ void Simulator::introduce()
         return name.isEmpty() ? otherwise : name;
     };
     logWriter.notice(QStringLiteral("no camera hardware is used: this SDK is a simulator"));
-    const QString planName =
-        plan.isThere() || settings.planFile.isEmpty()
-            ? named(settings.planFile, QStringLiteral("none"))
-            : QStringLiteral("%1, which is not there yet").arg(settings.planFile);
+    QString planName = named(settings.planFile, QStringLiteral("none"));
+    if (settings.safe) {
+        planName += QStringLiteral(", not followed: safe mode");
+    } else if (!settings.planFile.isEmpty() && !plan.isThere()) {
+        planName += QStringLiteral(", which is not there yet");
+    }
     logWriter.notice(QStringLiteral("settings: %1; memory: %2; plan: %3; seed: %4")
                          .arg(named(settings.file, QStringLiteral("built in")),
                               named(settings.memoryFolder, QStringLiteral("off")), planName)
@@ -138,10 +140,10 @@ void Simulator::followPlan()
     }
 }
 
-Verdict Simulator::judge(Operation operation)
+Verdict Simulator::judge(const Call& call)
 {
     followPlan();
-    Verdict verdict = plan.judge(operation);
+    Verdict verdict = plan.judge(call);
     timePiece.wait(verdict.delay * microsecondsPerMillisecond);
     return verdict;
 }
@@ -158,7 +160,8 @@ bool Simulator::reach(Device* device, std::uint32_t linkBaudRate, Operation oper
     if (!factsOf(operation).transfer) {
         return true;
     }
-    if (device == nullptr || device->isHanging() || device->baudRate() != linkBaudRate) {
+    if (device == nullptr || verdict.lost || device->isHanging() ||
+        device->baudRate() != linkBaudRate) {
         timePiece.wait(settings.behaviour.timeout * microsecondsPerMillisecond);
         return false;
     }

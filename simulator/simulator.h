@@ -44,7 +44,7 @@ public:
     Device* deviceAt(const QString& port);
 
     /// What the plan wants of this call; its delay has passed.
-    Verdict judge(Operation operation);
+    Verdict judge(const Call& call);
     /// Whether the call arrives at the camera, null when there is none, and its answer comes back.
     /// Takes the time that this takes. What needs no camera always arrives.
     bool reach(Device* device, std::uint32_t linkBaudRate, Operation operation,

@@ -139,9 +139,17 @@ QByteArray faults(const QByteArray& name)
         if (operation == Operation::loadBadPixelList) {
             return "`missing`, `empty`, `long` or a number of entries";
         }
-        const std::optional<Kind> answer = factsOf(operation).answer;
-        return answer ? describeKind(*answer).toUtf8().replace("a whole number from ", "")
-                      : QByteArrayLiteral("none");
+        const OperationFacts& facts = factsOf(operation);
+        QByteArray answers =
+            facts.answer ? describeKind(*facts.answer).toUtf8().replace("a whole number from ", "")
+                         : QByteArray();
+        if (facts.record != nullptr) {
+            answers += (answers.isEmpty() ? "`record`" : "; `record`");
+        }
+        if (operation == Operation::readTableData) {
+            answers += "; `table`";
+        }
+        return answers.isEmpty() ? "none" : answers;
     }
     return "no faults";
 }
@@ -172,7 +180,8 @@ Every operation by the name that plans of faults and the journal use: what it an
 camera does with it, and what a fault of a [plan](simulator.md#plans-of-faults) can make it answer. Names
 like `gsk` are keys of the [settings](simulator.md#camera). A value that a command does not accept is
 refused with 0, and nothing changes. An operation that has faults can be delayed, refused, or carried out
-and answered otherwise; the last column tells what `value` may be then.
+and answered otherwise; the last column tells what `value` may be then, and where a plan can give a
+`record` or a `table`.
 
 This page is made from the list of operations, by the program `simulator_reference`; a test holds that it
 is current.

@@ -44,7 +44,8 @@ std::vector<int> linesOf(const QStringList& problems)
     return lines;
 }
 
-using Course = std::vector<std::tuple<bool, bool, bool, qint64, std::optional<qint64>, QString>>;
+using Course = std::vector<std::tuple<bool, bool, bool, bool, qint64, std::optional<qint64>,
+                                      QString, std::vector<double>>>;
 
 /// What becomes of the first calls of every operation; the problems that were told.
 Course courseOf(const QByteArray& content, QStringList& problems)
@@ -56,14 +57,17 @@ Course courseOf(const QByteArray& content, QStringList& problems)
     Course course;
     for (int call = 0; call < 3; ++call) {
         for (std::size_t number = 0; number < operationCount; ++number) {
-            const Verdict verdict = plan.judge(static_cast<Operation>(number));
-            require(verdict.planned || (verdict.carryOut && !verdict.hangUp && !verdict.value),
+            const Verdict verdict =
+                plan.judge({static_cast<Operation>(number), 20417, QStringLiteral("ttyUSB0")});
+            require(verdict.planned ||
+                        (verdict.carryOut && !verdict.hangUp && !verdict.lost && !verdict.value),
                     "what no rule hits is carried out");
-            course.emplace_back(verdict.planned, verdict.carryOut, verdict.hangUp, verdict.delay,
-                                verdict.value, verdict.word);
+            course.emplace_back(verdict.planned, verdict.carryOut, verdict.hangUp, verdict.lost,
+                                verdict.delay, verdict.value, verdict.word, verdict.record);
         }
     }
-    course.emplace_back(false, false, false, plan.powerCycles(), std::nullopt, QString());
+    course.emplace_back(false, false, false, false, plan.powerCycles(), std::nullopt, QString(),
+                        std::vector<double>());
     return course;
 }
 

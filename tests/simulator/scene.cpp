@@ -18,7 +18,7 @@ const QString logFile = QStringLiteral("sdk.log");
 constexpr const char* variables[] = {"TAVREL_SIMULATOR_SETTINGS", "TAVREL_SIMULATOR_LOG",
                                      "TAVREL_SIMULATOR_JOURNAL",  "TAVREL_SIMULATOR_PLAN",
                                      "TAVREL_SIMULATOR_MEMORY",   "TAVREL_SIMULATOR_FACTORY_FRESH",
-                                     "TAVREL_SIMULATOR_STRICT"};
+                                     "TAVREL_SIMULATOR_STRICT",   "TAVREL_SIMULATOR_SAFE"};
 
 void clearVariables()
 {

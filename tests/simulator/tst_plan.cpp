@@ -204,6 +204,90 @@ private Q_SLOTS:
         QCOMPARE(answers(scene.camera(), 8), QByteArray("00000000"));
     }
 
+    void aRuleForACameraLeavesTheOthersAlone_data()
+    {
+        QTest::addColumn<QByteArray>("scope");
+        QTest::newRow("by its number") << QByteArray("camera=2");
+        QTest::newRow("by its port") << QByteArray("port=ttyUSB1");
+        QTest::newRow("by both") << QByteArray("camera=2\nport=ttyUSB1");
+    }
+
+    void aRuleForACameraLeavesTheOthersAlone()
+    {
+        QFETCH(QByteArray, scope);
+        Scene scene;
+        scene.write(planFile,
+                    "[setGsk]\n" + scope + "\ncalls=2\n[openCamera]\n" + scope + "\ncalls=2\n");
+        scene.restart(withPlan + "[camera-a]\nports=ttyUSB0\nserialNumber=1\n"
+                                 "[camera-b]\nports=ttyUSB1\nserialNumber=2\n");
+        ICamera& first = scene.camera("ttyUSB0");
+        ICamera& second = scene.camera("ttyUSB1");
+        QCOMPARE(answers(first, 4), QByteArray("1111"));
+        QCOMPARE(answers(second, 4), QByteArray("1011"));
+        QVERIFY(scene.open("ttyUSB0") != nullptr);
+        QVERIFY(scene.open("ttyUSB1") == nullptr);
+    }
+
+    void aRuleForAPortIsForItsCameraThereOnly()
+    {
+        Planned scene("[setGsk]\nport=COM7\n");
+        QCOMPARE(answers(scene.camera("COM7"), 2), QByteArray("00"));
+        QCOMPARE(answers(scene.camera("COM8"), 2), QByteArray("11"));
+    }
+
+    void aRuleMayAskForArguments_data()
+    {
+        QTest::addColumn<QByteArray>("where");
+        QTest::addColumn<QByteArray>("expected"); // of 8 coordinates from 100 on, regions 0 and 2
+        QTest::newRow("one value") << QByteArray("x1 102") << QByteArray("11011111");
+        QTest::newRow("values") << QByteArray("x1 100, 103-104") << QByteArray("01100111");
+        QTest::newRow("from one on") << QByteArray("x1 105-") << QByteArray("11111000");
+        QTest::newRow("another argument") << QByteArray("region 2") << QByteArray("10101010");
+        QTest::newRow("both") << QByteArray("x1 103- and region 2") << QByteArray("11101010");
+        QTest::newRow("a switch that is on")
+            << QByteArray("roi1Inclusive true") << QByteArray("00000000");
+        QTest::newRow("a switch that is off")
+            << QByteArray("roi1Exclusive false") << QByteArray("00000000");
+        QTest::newRow("another switch")
+            << QByteArray("roi1Exclusive true") << QByteArray("11111111");
+    }
+
+    void aRuleMayAskForArguments()
+    {
+        QFETCH(QByteArray, where);
+        QFETCH(QByteArray, expected);
+        Planned scene("[setRoiX1]\nwhere=" + where + '\n');
+        QCOMPARE(scene.newProblems(), QStringList());
+        ICamera& camera = scene.camera();
+        QByteArray course;
+        for (quint32 call = 0; call < 8; ++call) {
+            course += QByteArray::number(
+                camera.setRoiX1(100 + call, call % 2 == 0 ? 0 : 2, true, true, false));
+        }
+        QCOMPARE(course, expected);
+    }
+
+    void aRuleCountsOnlyTheCallsWithItsArguments()
+    {
+        Planned scene("[setGsk]\nwhere=gsk 7\ncalls=2\n");
+        ICamera& camera = scene.camera();
+        for (const quint32 value : {7U, 6U, 5U}) {
+            QCOMPARE(camera.setGsk(value), Flag{1});
+        }
+        QCOMPARE(camera.setGsk(7), Flag{0});
+    }
+
+    void anOperationMayHaveSeveralRules()
+    {
+        Planned scene(ini({"[setGsk]", "value=9", "[setGsk high]", "where=gsk 1000-", "value=8",
+                           "[setGsk seven]", "where=gsk 7", "value=7"}));
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.setGsk(1), Flag{9});
+        QCOMPARE(camera.setGsk(1000), Flag{8});
+        QCOMPARE(camera.setGsk(7), Flag{7});
+        QCOMPARE(scene.newProblems(), QStringList());
+    }
+
     // ---- what becomes of them
 
     void aCallThatFailsChangesNothing()
@@ -271,6 +355,136 @@ private Q_SLOTS:
             QVERIFY2(failed.contains(operation), operation);
         }
         QVERIFY(!scene.exists(QStringLiteral("replbp.bin")));
+    }
+
+    void recordsAreFilledInAsPlanned()
+    {
+        Planned scene(
+            ini({"[getTemperatures]", "record=400000.5, -1", "[getOperatingTime]",
+                 "record=7, 4294967295", "[getZoom]", "record=9.5, -5, 6, 200", "value=3",
+                 "[getZoomResolution]", "record=1,2", "[getAhcGainsLimitation]", "record=255,0",
+                 "[getShutterPosition]", "record=77", "[getEdgeCorrection]", "record=9, 8, 7, 6"}));
+        QCOMPARE(scene.newProblems(), QStringList());
+        ICamera& camera = scene.camera();
+        Temperatures temperatures{};
+        QCOMPARE(camera.getTemperatures(&temperatures), Flag{1});
+        QCOMPARE(temperatures.sensor, 400000.5F);
+        QCOMPARE(temperatures.fpga, -1.0F);
+        OperatingTime time{};
+        QCOMPARE(camera.getOperatingTime(&time), Flag{1});
+        QCOMPARE(time.minutes, 7U);
+        QCOMPARE(time.startups, 4294967295U);
+        Zoom zoom{};
+        QCOMPARE(camera.getZoom(&zoom), Flag{3});
+        QCOMPARE(zoom.factor, 9.5F);
+        QCOMPARE(zoom.xCenter, -5);
+        QCOMPARE(zoom.yCenter, 6);
+        QCOMPARE(zoom.method, std::uint8_t{200});
+        ZoomResolution resolution{};
+        QCOMPARE(camera.getZoomResolution(&resolution), Flag{1});
+        QCOMPARE(resolution.y, 2U);
+        AhcGainsLimitation limits{};
+        QCOMPARE(camera.getAhcGainsLimitation(&limits), Flag{1});
+        QCOMPARE(limits.black, std::uint8_t{255});
+        std::uint8_t closed = 0;
+        QCOMPARE(camera.getShutterPosition(&closed), Flag{1});
+        QCOMPARE(closed, std::uint8_t{77});
+        EdgeCorrection edge{};
+        QCOMPARE(camera.getEdgeCorrection(&edge)->secondThreshold, 6U);
+        QCOMPARE(edge.type, std::uint8_t{9});
+        QVERIFY(scene.journal().contains(
+            QStringLiteral("camera 20417 getZoom() = 3 {9.5, -5, 6, 200} [plan]")));
+    }
+
+    void aTableIsReadAsPlannedAndTheCamerasStaysAsItIs()
+    {
+        Scene scene;
+        scene.write(QStringLiteral("table.bin"), QByteArray(scene::regionSize, '\x5A'));
+        scene.write(planFile, "[readTableData]\ncalls=1\ntable=table.bin\n");
+        scene.restart(withPlan);
+        QCOMPARE(scene.newProblems(), QStringList());
+        ICamera& camera = scene.camera();
+        QCOMPARE(region(camera), QByteArray(scene::regionSize, '\x5A'));
+        QVERIFY(region(camera) != QByteArray(scene::regionSize, '\x5A'));
+        QCOMPARE(region(camera).size(), scene::regionSize);
+    }
+
+    void aTableFileOfAnotherSizeIsTold()
+    {
+        Scene scene;
+        scene.write(QStringLiteral("table.bin"), "short");
+        scene.write(planFile, "[readTableData]\ntable=table.bin\n");
+        scene.restart(withPlan);
+        QCOMPARE(
+            scene.newProblems(),
+            QStringList(QStringLiteral("problem  %1:2: [readTableData] table: \"table.bin\" is "
+                                       "no table region: it does not hold 8192 bytes; the "
+                                       "section does nothing")
+                            .arg(scene.path(planFile))));
+        QCOMPARE(region(scene.camera()).size(), scene::regionSize);
+    }
+
+    void aLostConnectionAnswersNothingUntilThePlanLetsItGo()
+    {
+        Planned scene("");
+        ICamera& camera = scene.camera();
+        scene.newLog();
+        scene.write(planFile, "[connection]\nlost=true\n[getSensorSerialNumber]\nvalue=5\n");
+        QCOMPARE(camera.getSensorSerialNumber(), 0U);
+        QCOMPARE(camera.getGsk(), 0U);
+        QVERIFY(scene.open() == nullptr);
+        QVERIFY(scene.newLog().contains(
+            QStringLiteral("notice   openCamera ttyUSB0: the connection is lost, by the plan")));
+        QCOMPARE(scene.configuration().getCommunicationType(), "UART");
+        QVERIFY(scene.journal().contains(QStringLiteral("camera 20417 getGsk() = 0 [no answer]")));
+        scene.write(planFile, "[connection]\nlost=false\n");
+        QCOMPARE(camera.getGsk(), 6U);
+    }
+
+    void aConnectionIsLostForOneCamera_data()
+    {
+        QTest::addColumn<QByteArray>("scope");
+        QTest::newRow("by its number") << QByteArray("camera=2");
+        QTest::newRow("by its port") << QByteArray("port=ttyUSB1");
+    }
+
+    void aConnectionIsLostForOneCamera()
+    {
+        QFETCH(QByteArray, scope);
+        Scene scene;
+        scene.write(planFile, "[connection]\nlost=true\n" + scope + '\n');
+        scene.restart(withPlan + "[camera-a]\nports=ttyUSB0\nserialNumber=1\n"
+                                 "[camera-b]\nports=ttyUSB1\nserialNumber=2\n");
+        QCOMPARE(scene.camera("ttyUSB0").getSerialNumber(), 1U);
+        QVERIFY(scene.open("ttyUSB1") == nullptr);
+    }
+
+    void inSafeModeNoPlanIsFollowed_data()
+    {
+        QTest::addColumn<bool>("byVariable");
+        QTest::newRow("by the variable") << true;
+        QTest::newRow("by the settings") << false;
+    }
+
+    void inSafeModeNoPlanIsFollowed()
+    {
+        QFETCH(bool, byVariable);
+        Scene scene;
+        scene.write(planFile, "[setGsk]\ncalls=always\n[setGama]\ncalls=1\n");
+        if (byVariable) {
+            Scene::setVariable("TAVREL_SIMULATOR_SAFE", QStringLiteral("1"));
+        }
+        scene.restart(withPlan + (byVariable ? "" : "safe=true\n"));
+        scene.sdk().initialize();
+        ICamera& camera = scene.camera();
+        QCOMPARE(camera.setGsk(7), Flag{1});
+        scene.write(planFile, "[setGsk]\ncalls=1-\n");
+        QCOMPARE(camera.setGsk(8), Flag{1});
+        QCOMPARE(scene.newProblems(), QStringList());
+        QVERIFY(
+            scene.read(QStringLiteral("sdk.log"))
+                .contains(
+                    (scene.path(planFile) + QStringLiteral(", not followed: safe mode")).toUtf8()));
     }
 
     void aDelayPassesBeforeTheCall()
@@ -406,11 +620,12 @@ private Q_SLOTS:
         row("no such pattern", "[put*]\ncalls=always",
             "1: [put*]: no operation has this name; the section does nothing");
         row("no key", "[setGsk]",
-            "1: [setGsk]: a rule has one of the keys calls, probability, seed, value, carryOut, "
-            "delay, hangUp; the section does nothing");
+            "1: [setGsk]: a rule has one of the keys calls, probability, seed, camera, port, "
+            "where, value, record, table, carryOut, delay, hangUp; the section does nothing");
         row("no such key", "[setGsk]\ncall=1",
-            "2: [setGsk] call: unknown key; there are calls, probability, seed, value, carryOut, "
-            "delay, hangUp");
+            "2: [setGsk] call: unknown key; there are calls, probability, seed, camera, port, "
+            "where, "
+            "value, record, table, carryOut, delay, hangUp");
         for (const char* const calls :
              {"often", "", "0", "0-2", "2-1", "3,", ",3", "3,,4", "-3", "3--", "1,0", "1.5", "0x3",
               "3;4", "9999999999", "always,3"}) {
@@ -458,6 +673,47 @@ private Q_SLOTS:
         row("hangUp", "[setGsk]\nhangUp=maybe",
             "2: [setGsk] hangUp: \"maybe\" is not true, false or a whole number from 0 to 255; the "
             "section does nothing");
+        row("camera", "[setGsk]\ncamera=first",
+            "2: [setGsk] camera: \"first\" is not a whole number from 0 to 4294967295; the section "
+            "does nothing");
+        row("port", "[setGsk]\nport=",
+            "2: [setGsk] port: \"\" is no name of a port; the section does nothing");
+        row("camera of the library", "[saveConfiguration]\ncamera=20417",
+            "2: [saveConfiguration] camera: saveConfiguration is of no camera; the section does "
+            "nothing");
+        for (const char* const values : {"", "much", "2-1", "3,", "-1", "1.5", "trues"}) {
+            row(QByteArray("where ") + values, QByteArray("[setGsk]\nwhere=gsk ") + values,
+                QByteArray("2: [setGsk] where: \"") + QByteArray("gsk ").append(values).trimmed() +
+                    "\" is not an argument with true, false or a list such as 3, 5-7, 9-; the "
+                    "section does nothing");
+        }
+        row("where of another argument", "[setGsk]\nwhere=gfid 1",
+            "2: [setGsk] where: setGsk(std::uint32_t gsk) has no number \"gfid\"; the section does "
+            "nothing");
+        row("where of an argument that is no number", "[addBadPixels]\nwhere=path 1",
+            "2: [addBadPixels] where: addBadPixels(const std::string& path, std::uint32_t x, "
+            "std::uint32_t y) has no number \"path\"; the section does nothing");
+        row("where of a group", "[set*]\nwhere=region 1",
+            "2: [set*] where: setGsk(std::uint32_t gsk) has no number \"region\"; the section does "
+            "nothing");
+        row("record of a number", "[setGsk]\nrecord=1",
+            "2: [setGsk] record: setGsk fills in 0 numbers, and 1 are given; the section does "
+            "nothing");
+        row("record of another length", "[getTemperatures]\nrecord=1",
+            "2: [getTemperatures] record: getTemperatures fills in 2 numbers, and 1 are given; the "
+            "section does nothing");
+        row("record with a value of another kind", "[getZoom]\nrecord=1, 2, 3.5, 1",
+            "2: [getZoom] record: \" 3.5\" is not a whole number from -2147483648 to 2147483647; "
+            "the section does nothing");
+        row("table of another operation", "[getGsk]\ntable=table.bin",
+            "2: [getGsk] table: \"table.bin\" is no table region: only readTableData reads one; "
+            "the "
+            "section does nothing");
+        row("another key of the connection", "[connection]\nlost=true\nhangUp=true",
+            "3: [connection] hangUp: unknown key; there are lost, camera, port");
+        row("a connection that is perhaps lost", "[connection]\nlost=perhaps",
+            "2: [connection] lost: \"perhaps\" is not true, false or a whole number from 0 to 255; "
+            "the section does nothing");
         row("a line that is none", "[setGsk]\ncalls 3\ndelay=1",
             "2: \"calls 3\" is neither [section] nor key=value");
         row("a comment of another kind", "[setGsk]\ndelay=1\n# calls=3",
@@ -634,6 +890,22 @@ private Q_SLOTS:
             QCOMPARE(hanging.getTemperatures(&record), expected);
         }
         QCOMPARE(hanging.getGamma(), 0U);
+    }
+
+    void connectionLost()
+    {
+        Scene scene;
+        usePlan(scene, QStringLiteral("connection-lost.ini"));
+        QVERIFY(scene.open() == nullptr);
+    }
+
+    void overheated()
+    {
+        Scene scene;
+        usePlan(scene, QStringLiteral("overheated.ini"));
+        Temperatures record{};
+        QCOMPARE(scene.camera().getTemperatures(&record), Flag{1});
+        QCOMPARE(record.fpga, 361500.0F);
     }
 
     void baudRateRefused()

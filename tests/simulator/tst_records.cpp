@@ -168,10 +168,11 @@ private Q_SLOTS:
             QStringLiteral("%1/none.ini: there is no such file, or it cannot be read"));
         row("no such plan", "PLAN=none.ini", QStringLiteral("%1/none.ini: there is no such file"));
         row("an unknown variable", "PLANS=plan.ini",
-            QStringLiteral("environment: TAVREL_SIMULATOR_PLANS: unknown variable; there are "
-                           "TAVREL_SIMULATOR_FACTORY_FRESH, TAVREL_SIMULATOR_JOURNAL, "
-                           "TAVREL_SIMULATOR_LOG, TAVREL_SIMULATOR_MEMORY, TAVREL_SIMULATOR_PLAN, "
-                           "TAVREL_SIMULATOR_SETTINGS, TAVREL_SIMULATOR_STRICT"));
+            QStringLiteral(
+                "environment: TAVREL_SIMULATOR_PLANS: unknown variable; there are "
+                "TAVREL_SIMULATOR_FACTORY_FRESH, TAVREL_SIMULATOR_JOURNAL, "
+                "TAVREL_SIMULATOR_LOG, TAVREL_SIMULATOR_MEMORY, TAVREL_SIMULATOR_PLAN, "
+                "TAVREL_SIMULATOR_SAFE, TAVREL_SIMULATOR_SETTINGS, TAVREL_SIMULATOR_STRICT"));
         row("a switch that is none", "FACTORY_FRESH=perhaps",
             QStringLiteral("environment: TAVREL_SIMULATOR_FACTORY_FRESH: \"perhaps\" is not true, "
                            "false or a whole number from 0 to 255; false is used"));

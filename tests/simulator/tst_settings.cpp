@@ -171,9 +171,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("message");
         QTest::newRow("in [simulator]")
             << QByteArray("[simulator]\nspeed=1")
-            << QStringLiteral("2: [simulator] speed: unknown key; there are log, journal, plan, "
-                              "memory, factoryFresh, seed, manualClock, warmUp, latency, timeout, "
-                              "nucDuration");
+            << QStringLiteral(
+                   "2: [simulator] speed: unknown key; there are log, journal, plan, "
+                   "memory, factoryFresh, safe, seed, manualClock, warmUp, latency, timeout, "
+                   "nucDuration");
         QTest::newRow("in [configuration]")
             << QByteArray("[configuration]\ndefaultGamma=1")
             << QStringLiteral("2: [configuration] defaultGamma: unknown key");
@@ -607,7 +608,10 @@ private Q_SLOTS:
               << QStringLiteral("TAVREL_SIMULATOR_PLAN")
               << QStringLiteral("TAVREL_SIMULATOR_MEMORY")
               << QStringLiteral("TAVREL_SIMULATOR_FACTORY_FRESH")
-              << QStringLiteral("TAVREL_SIMULATOR_STRICT") << QStringLiteral("calls")
+              << QStringLiteral("TAVREL_SIMULATOR_STRICT")
+              << QStringLiteral("TAVREL_SIMULATOR_SAFE") << QStringLiteral("camera")
+              << QStringLiteral("port") << QStringLiteral("where") << QStringLiteral("record")
+              << QStringLiteral("table") << QStringLiteral("lost") << QStringLiteral("calls")
               << QStringLiteral("probability") << QStringLiteral("value") << QStringLiteral("delay")
               << QStringLiteral("carryOut") << QStringLiteral("hangUp") << QStringLiteral("cycles");
         for (const QFileInfo& plan :
