@@ -1151,7 +1151,7 @@ MUTATIONS = [
          "(rule.camera && rule.camera != call.camera) ||", "",
          "tst_simulator_plan aRuleForACameraLeavesTheOthersAlone"),
         ("A rule for a port is for that port", "plan.cpp",
-         "(rule.port && rule.port != call.port)", "false",
+         "(rule.port && *rule.port != call.port)", "false",
          "tst_simulator_plan aRuleForAPortIsForItsCameraThereOnly"),
         ("A rule asks for the argument that it names", "operations.cpp",
          "argument.endsWith(QLatin1Char(' ') + name)", "argument.contains(name.left(3))",
