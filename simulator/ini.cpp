@@ -57,9 +57,9 @@ IniFile::IniFile(QString filePath, const QByteArray& content) : path(std::move(f
 void IniFile::parse(const QByteArray& content)
 {
     QList<QByteArray> lines = content.split('\n');
-    if (lines.first().startsWith(byteOrderMark)) {
-        // The decoder skips it.
+    while (lines.first().startsWith(byteOrderMark)) {
         report(1, QStringLiteral("the file begins with a byte order mark, which is skipped"));
+        lines.first().remove(0, byteOrderMark.size());
     }
     for (int number = 1; number <= lines.size(); ++number) {
         QByteArray& line = lines[number - 1];

@@ -71,11 +71,14 @@ Course courseOf(const QByteArray& content, QStringList& problems)
     return course;
 }
 
-/// The content without the sections in which a problem was told, and without a byte order mark.
+/// The content without the sections in which a problem was told, and without byte order marks.
 QByteArray without(const std::vector<int>& wrongLines, const QByteArray& content)
 {
-    const bool marked = content.startsWith("\xEF\xBB\xBF");
-    const QList<QByteArray> lines = (marked ? content.mid(3) : content).split('\n');
+    int marks = 0;
+    while (content.mid(marks).startsWith("\xEF\xBB\xBF")) {
+        marks += 3;
+    }
+    const QList<QByteArray> lines = content.mid(marks).split('\n');
     std::vector<int> sections; // number of the section of every line; 0: before the first
     for (const QByteArray& line : lines) {
         const bool header = QString::fromUtf8(line).trimmed().startsWith(QLatin1Char('['));
@@ -83,7 +86,7 @@ QByteArray without(const std::vector<int>& wrongLines, const QByteArray& content
     }
     QSet<int> wrong;
     for (const int line : wrongLines) {
-        if (!marked || line > 1) {
+        if (marks == 0 || line > 1) {
             wrong.insert(sections[static_cast<std::size_t>(line) - 1]);
         }
     }

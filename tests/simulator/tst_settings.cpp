@@ -214,6 +214,8 @@ private Q_SLOTS:
                  .arg(QString(60, QLatin1Char('x')))});
         row("a byte order mark", "\xEF\xBB\xBF[camera]\ngamma=2.2\n",
             {QStringLiteral("1: the file begins with a byte order mark, which is skipped")});
+        row("two byte order marks", "\xEF\xBB\xBF\xEF\xBB\xBF[camera]\ngamma=2.2\n",
+            {QStringLiteral("1: the file begins with a byte order mark, which is skipped")});
         row("a byte order mark and more", "\xEF\xBB\xBFgsk=1\n[camera]\ngamma=2.2\n",
             {QStringLiteral("1: the file begins with a byte order mark, which is skipped")});
         row("a comment of another kind", "[camera]\n# gamma\ngamma=2.2\n// gamma=1\n",
