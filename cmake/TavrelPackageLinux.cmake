@@ -11,6 +11,17 @@ configure_file(${linux}/example.halvorn.tavrel.metainfo.xml.in
 install(FILES ${linux}/tavrel.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${generated}/example.halvorn.tavrel.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+# Its commands, options and parameters come from the program itself.
+set(manual ${generated}/tavrelctl.1)
+configure_file(${linux}/tavrelctl.1.in ${manual}.in @ONLY)
+add_custom_command(OUTPUT ${manual}
+    COMMAND ${CMAKE_COMMAND} -DPROGRAM=$<TARGET_FILE:tavrelctl> -DPAGE=${manual}.in -DRESULT=${manual}
+            -P ${linux}/manual.cmake
+    DEPENDS tavrelctl ${manual}.in ${linux}/manual.cmake VERBATIM)
+add_custom_target(tavrelctl_manual ALL DEPENDS ${manual})
+install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${linux}/tavrelctl.bash RENAME tavrelctl
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 install(FILES ${generated}/tavrel.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(DIRECTORY ${linux}/icons/hicolor DESTINATION ${CMAKE_INSTALL_DATADIR}/icons)
 install(FILES ${PROJECT_SOURCE_DIR}/ui/picture/source/camera.svg RENAME tavrel.svg
@@ -20,6 +31,7 @@ install(FILES
     ${PROJECT_SOURCE_DIR}/CHANGELOG.md
     ${PROJECT_SOURCE_DIR}/docs/user-guide.md
     ${PROJECT_SOURCE_DIR}/docs/simulator.md
+    ${PROJECT_SOURCE_DIR}/docs/tavrelctl.md
     DESTINATION ${document_dir})
 install(FILES ${PROJECT_SOURCE_DIR}/simulator/simulator.example.ini
     DESTINATION ${document_dir}/examples)

@@ -396,6 +396,25 @@ double heldBy(const Parameter& parameter, double value)
     return parameter.held != nullptr ? parameter.held(value) : value;
 }
 
+QString rangeText(const Parameter& parameter, const Limits& limits)
+{
+    const QString unit =
+        QLatin1String(*parameter.unit != '\0' ? " " : "") + QLatin1String(parameter.unit);
+    QStringList parts;
+    if (parameter.isNumber()) {
+        const auto number = [](double value) {
+            return QString::number(value, 'f', QLocale::FloatingPointShortest);
+        };
+        parts.append(number(limits.minimum) + QLatin1String(" to ") + number(limits.maximum) +
+                     unit);
+    }
+    for (const Choice& choice : parameter.choices) {
+        parts.append(QLatin1String(choice.name));
+    }
+    const QString last = parts.takeLast() + (parameter.isNumber() ? QString() : unit);
+    return parts.isEmpty() ? last : parts.join(QLatin1String(", ")) + QLatin1String(" or ") + last;
+}
+
 } // namespace
 
 const std::vector<Parameter>& parameters()
@@ -518,22 +537,12 @@ Understood valueOf(const Parameter& parameter, const QString& text,
 
 QString rangeOf(const Parameter& parameter, const ombrix_sdk::ISdkConfiguration& configuration)
 {
-    const QString unit =
-        QLatin1String(*parameter.unit != '\0' ? " " : "") + QLatin1String(parameter.unit);
-    QStringList parts;
-    if (parameter.isNumber()) {
-        const auto number = [](double value) {
-            return QString::number(value, 'f', QLocale::FloatingPointShortest);
-        };
-        const Limits limits = limitsOf(parameter, configuration);
-        parts.append(number(limits.minimum) + QLatin1String(" to ") + number(limits.maximum) +
-                     unit);
-    }
-    for (const Choice& choice : parameter.choices) {
-        parts.append(QLatin1String(choice.name));
-    }
-    const QString last = parts.takeLast() + (parameter.isNumber() ? QString() : unit);
-    return parts.isEmpty() ? last : parts.join(QLatin1String(", ")) + QLatin1String(" or ") + last;
+    return rangeText(parameter, limitsOf(parameter, configuration));
+}
+
+QString rangeOf(const Parameter& parameter)
+{
+    return rangeText(parameter, {parameter.minimum, parameter.maximum});
 }
 
 } // namespace tavrel

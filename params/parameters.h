@@ -120,5 +120,7 @@ Understood valueOf(const Parameter& parameter, const QString& text,
 
 /// What a parameter takes, for people: "off or on", "0.5 to 2.5", "5 to 635 px or off".
 QString rangeOf(const Parameter& parameter, const ombrix_sdk::ISdkConfiguration& configuration);
+/// The same where no configuration narrows it.
+QString rangeOf(const Parameter& parameter);
 
 } // namespace tavrel

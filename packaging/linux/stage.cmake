@@ -18,7 +18,7 @@ if(CPACK_GENERATOR STREQUAL DEB)
 ")
     execute_process(
         COMMAND gzip -9n ${documents}/changelog ${documents}/changelog.Debian
-                ${tree}/usr/share/man/man1/tavrel.1
+                ${tree}/usr/share/man/man1/tavrel.1 ${tree}/usr/share/man/man1/tavrelctl.1
         COMMAND_ERROR_IS_FATAL ANY)
 endif()
 

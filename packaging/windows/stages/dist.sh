@@ -15,7 +15,7 @@ plugins=(
     imageformats/qsvg.dll
     iconengines/qsvgicon.dll
 )
-cp "$tool/bin/tavrel.exe" "$folder/"
+cp "$tool/bin/tavrel.exe" "$tool/bin/tavrelctl.exe" "$folder/"
 for plugin in "${plugins[@]}"; do
     install -D "$qt/plugins/$plugin" "$folder/$plugin"
 done
@@ -24,7 +24,7 @@ done
 # which Wine's own list stands) would be missing on the operator's PC.
 mapfile -t places < <(printf '%s\n' "$tool/bin" "$qt/bin" "$serialport/bin" && runtime_folders)
 system=/usr/lib/x86_64-linux-gnu/wine/x86_64-windows
-queue=("$folder"/tavrel.exe "$folder"/*/*.dll)
+queue=("$folder"/*.exe "$folder"/*/*.dll)
 while ((${#queue[@]})); do
     file=${queue[0]}
     queue=("${queue[@]:1}")

@@ -4,7 +4,7 @@
 packages=(
     g++-mingw-w64-x86-64-posix libz-mingw-w64-dev binutils-mingw-w64-x86-64
     cmake ninja-build make perl python3 dpkg-dev xz-utils zip unzip
-    libqt5serialport5-dev
+    libqt5serialport5-dev libcli11-dev libtomlplusplus-dev
     wine wine64 fonts-wine fonts-liberation fonts-dejavu-core
     xvfb xauth xdotool openbox imagemagick
 )
