@@ -105,7 +105,7 @@ void MainWindow::makeControlConnections()
     onClick(ui->PermanentButton, &MainWindow::changePermanentButtonText);
     onClick(ui->AboutButton, &MainWindow::createAboutWindow);
     connect(ui->clearLogButton, &QPushButton::clicked, ui->logView, &QPlainTextEdit::clear);
-#define SWITCH(tab, name, get, set, button, caption, label, on, off, ok, ko, handler)              \
+#define SWITCH(tab, name, word, get, set, button, caption, label, on, off, ok, ko, handler)        \
     onClick(ui->button, &MainWindow::handler);
 #include "params/switches.def"
     onClick(ui->userNucRequest, &MainWindow::ApplyNucRequest);

@@ -168,7 +168,7 @@ private:
     void readShutterPosition();
     void setToggle(const tavrel::Toggle& toggle);
     // The handlers of the switches that are no slots.
-#define SWITCH(tab, name, get, set, button, caption, label, on, off, ok, ko, handler)              \
+#define SWITCH(tab, name, word, get, set, button, caption, label, on, off, ok, ko, handler)        \
     void handler();
 #define SLOT_SWITCH(...)
 #include "params/switches.def"

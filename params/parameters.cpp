@@ -12,6 +12,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
+#include <utility>
 
 namespace tavrel {
 
@@ -280,27 +282,34 @@ Row baudRate(const char* name, bool permanent)
                    }}});
 }
 
+/// The switches of one tab.
+void addSwitches(std::vector<Row>& table, std::string_view wanted)
+{
+    const auto add = [&](std::string_view tab, Row row) {
+        if (tab == wanted) {
+            table.push_back(tab == "Expert" ? expert(std::move(row)) : std::move(row));
+        }
+    };
+#define SWITCH(tab, name, word, ...) add(#tab, onOff(word, feature::name));
+#include "params/switches.def"
+}
+
 std::vector<Row> rows()
 {
     // clang-format off
-    std::vector<Row> table{
+    std::vector<Row> table;
+    table.push_back(
         byteSized({.name = "frame-rate", .unit = "Hz", .choices = frameRateChoices()},
-                  &Camera::getFrameRate, &Camera::setFrameRate),
-        onOff("vignetting-correction", feature::vignettingCorrection),
-        onOff("column-correction", feature::columnCorrection),
-        onOff("nuc", feature::nuc),
-        onOff("test-pattern", feature::testPattern),
+                  &Camera::getFrameRate, &Camera::setFrameRate));
+    addSwitches(table, "ImageProcessing");
+    table.push_back(
         byteSized({.name = "video-output",
                    .choices = {{"raw", 0}, {"nuc", 1}, {"column-correction", 2}, {"vignetting-correction", 3},
                                {"edge-enhancement", 4}, {"lut-correction", 5}, {"reserved", 6}, {"zoom", 7},
                                {"bt656", 8}}},
-                  &Camera::getVideoOutput, &Camera::setVideoOutput),
-        onOff("sdi-output", feature::sdiOutput),
-        onOff("parallel-output", feature::parallelOutput),
-        onOff("mipi-output", feature::mipiOutput),
-        onOff("invert-polarity", feature::polarity),
-        gamma(),
-    };
+                  &Camera::getVideoOutput, &Camera::setVideoOutput));
+    addSwitches(table, "Lut");
+    table.push_back(gamma());
     const RegionRow regionRows[] = {
         {"roi0-inclusive-x1", &regionX1, false}, {"roi0-inclusive-x2", &regionX2, false},
         {"roi0-inclusive-y1", &regionY1, false}, {"roi0-inclusive-y2", &regionY2, false},
@@ -327,22 +336,23 @@ std::vector<Row> rows()
         gainLimits(),
         zoomResolution(),
         zoom(),
-        onOff("horizontal-flip", feature::horizontalFlip),
+    }) {
+        table.push_back(std::move(row));
+    }
+    addSwitches(table, "Zoom");
+    for (Row& row : std::vector<Row>{
         edgeCorrection(),
         shutter(),
         detectorValue("gsk", detector::gsk),
         detectorValue("gfid", detector::gfid),
         detectorValue("tint", detector::tint),
         detectorValue("gms", detector::gms),
-        expert(onOff("bpr-correction", feature::bprCorrection)),
-        expert(onOff("offset-correction", feature::offsetCorrection)),
-        expert(onOff("gain-correction", feature::gainCorrection)),
-        expert(onOff("vertical-flip", feature::verticalFlip)),
-        baudRate("camera-baud-rate", false),
-        baudRate("permanent-camera-baud-rate", true),
     }) {
         table.push_back(std::move(row));
     }
+    addSwitches(table, "Expert");
+    table.push_back(baudRate("camera-baud-rate", false));
+    table.push_back(baudRate("permanent-camera-baud-rate", true));
     // clang-format on
     return table;
 }

@@ -46,15 +46,15 @@ void MainWindow::setToggle(const Toggle& toggle)
     }
     QPushButton* button = ui->*toggle.button;
     const ombrix_sdk::Flag result = toggle.set(*camera, button->isChecked());
-    // A refused command leaves mark and caption at odds until the next read: nothing is rolled
-    // back, so that the operator sees what he asked for.
+    // A refused command leaves check state and caption at odds until the next read: nothing is
+    // rolled back, so that the operator sees what he asked for.
     if (result != 0) {
         alignCaption(*button, toggle.captions);
     }
     reportResult(result, toggle.ok, toggle.ko);
 }
 
-#define SWITCH(tab, name, get, set, button, caption, label, on, off, ok, ko, handler)              \
+#define SWITCH(tab, name, word, get, set, button, caption, label, on, off, ok, ko, handler)        \
     void MainWindow::handler()                                                                     \
     {                                                                                              \
         setToggle(toggle::name);                                                                   \

@@ -27,12 +27,13 @@ struct Toggle : Switch {
     const char* ko; ///< log line of a refused command
 };
 
-/// Brings a button's caption in line with its mark, but only from exactly the opposite caption.
+/// Brings a button's caption in line with its check state, but only from exactly the opposite
+/// caption.
 void alignCaption(QPushButton& button, const Captions& captions);
 
 namespace toggle {
 
-#define SWITCH(tab, name, get, set, button, caption, label, on, off, ok, ko, handler)              \
+#define SWITCH(tab, name, word, get, set, button, caption, label, on, off, ok, ko, handler)        \
     inline constexpr Toggle name{feature::name,                                                    \
                                  Tab::tab,                                                         \
                                  &Ui_MainWindow::button,                                           \

@@ -4,6 +4,7 @@
 // order in the tests of their own.
 #include "tests/bpr/tablefiles.h"
 #include "tests/kit/sequence.h"
+#include "tests/params/switchrows.h"
 
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QPushButton>
@@ -504,22 +505,8 @@ private Q_SLOTS:
             tintSlider value 13
             tintEdit value 13
             log 2: TINT value = 13
-            camera.getBprCorrection()
-            enableBprPB checked true
-            enableBprPB text BPR Correction: Activated
-            log 2: BPR state = Enabled
-            camera.getOffsetCorrection()
-            enableOffsetPB checked true
-            enableOffsetPB text Offset Correction: Activated
-            log 2: OFFSET state = Enabled
-            camera.getGainCorrection()
-            enableGainPB checked true
-            enableGainPB text Gain Correction: Activated
-            log 2: GAIN state = Enabled
-            camera.getVerticalFlip()
-            verticalFlipButton checked true
-            verticalFlipButton text Vertical flip: Activated
-            log 2: vertical flip = Activated
+        )") + switchrows::readOf(switchrows::expert, camera) +
+                                      block(R"(
             log 2: End reading camera expert parameters
         )"));
     }

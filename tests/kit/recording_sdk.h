@@ -67,17 +67,9 @@ struct CameraState {
     std::uint32_t gfid = 300;
     std::uint32_t gms = 40;
     std::uint32_t tint = 5;
-    std::uint8_t bprCorrection = 0;
-    std::uint8_t offsetCorrection = 0;
-    std::uint8_t gainCorrection = 0;
-    std::uint8_t horizontalFlip = 0;
-    std::uint8_t verticalFlip = 0;
-    std::uint8_t vignettingCorrection = 0;
-    std::uint8_t columnCorrection = 0;
-    std::uint8_t testPattern = 0;
-    std::uint8_t bt656SdiOutput = 0;
-    std::uint8_t parallelOutput = 0;
-    std::uint8_t mipiOutput = 0;
+    // What is on or off.
+#define GET_FLAG(name, value) std::uint8_t value = 0;
+#include "sdk/operations.def"
     std::uint8_t frameRate = 9; ///< Hz
     std::uint8_t videoOutput = 0;
     std::uint32_t baudRate = 115200;
@@ -90,8 +82,6 @@ struct CameraState {
     std::uint8_t lutTemporalFilter = 3;
     std::uint32_t gamma = 65536; ///< 16.16 fixed point
     std::uint32_t clhe = 2000;
-    std::uint8_t polarity = 0;
-    std::uint8_t nucControl = 0;
     std::uint8_t shutterClosed = 0;
     /// What readTableData copies out; what writeTableData stores.
     std::vector<std::uint8_t> table = tableOf({5, 7});
@@ -112,20 +102,18 @@ struct ConfigurationState {
     double roi0ExcX1 = 21, roi0ExcY1 = 22, roi0ExcX2 = 123, roi0ExcY2 = 124;
     double roi1IncX1 = 31, roi1IncY1 = 32, roi1IncX2 = 133, roi1IncY2 = 134;
     double roi1ExcX1 = 41, roi1ExcY1 = 42, roi1ExcX2 = 143, roi1ExcY2 = 144;
-    std::uint8_t roi0ExcEnable = 0, roi1IncEnable = 0, roi1ExcEnable = 0;
+    // What is on or off.
+#define SETTING_FLAG(name, value) std::uint8_t value = 0;
+#include "sdk/operations.def"
     std::uint8_t contrastType = 0, colorLut = 0, polarity = 0;
     float zoomFactor = 1.0F;
     std::uint8_t zoomMethod = 0;
     std::int32_t zoomXCenter = 320, zoomYCenter = 240, zoomXResolution = 720, zoomYResolution = 576;
-    std::uint8_t horizontalFlip = 0, verticalFlip = 0;
-    std::uint8_t vignettingCorrection = 0, columnCorrection = 0;
     std::uint8_t frameRate = 9; ///< Hz
     std::uint8_t edgeCorrection = 0;
     std::uint32_t sharpeningGain = 0, sharpeningThreshold = 0;
     std::uint8_t videoOutput = 0;
-    std::uint8_t bt656SdiOutput = 0, parallelOutput = 0, mipiOutput = 0, testPattern = 0;
     std::uint8_t temporalFilter = 0, ahcBlackGainLimit = 0, ahcWhiteGainLimit = 0;
-    std::uint8_t expertMode = 0;
 };
 
 class Library;

@@ -95,7 +95,7 @@ MUTATIONS = [
          "    ui->polarityButton->setChecked(defaults.getDefaultPolarity() != 0);\n",
          "tst_reset_sequence aResetThatChangesEverythingSendsTheListsTwice"),
         ("An expert read shows a value before it logs it", "expert.cpp",
-         "        (ui->*value->pair.box)->setValue(read);\n",
+         "        (ui->*value->pair.spinBox)->setValue(read);\n",
          "        appendLog(std::string(value->name) + \" value = \" + std::to_string(read));\n",
          "tst_order anExpertReadShowsEachValueBeforeItIsLogged")),
     *_exchanges(
@@ -450,10 +450,10 @@ MUTATIONS = [
          "    ui->SharpeningTHSlider->setValue(tenfold(edge.firstThreshold));\n"
          "    ui->EdgeCorrectionCB->setCurrentIndex(edge.type);\n",
          "tst_edits aFirstConnectionSendsTheEdgeTypeWithGainAndThresholdOfAnEmptyScreen"),
-        ("A refused switch keeps mark and caption at odds", "toggles.cpp",
+        ("A refused switch keeps check state and caption at odds", "toggles.cpp",
          "    if (result != 0) {\n        alignCaption(*button, toggle.captions);\n    }\n",
          "    alignCaption(*button, toggle.captions);\n",
-         "tst_toggles aRefusedToggleKeepsMarkAndCaptionAtOdds"),
+         "tst_toggles aRefusedToggleKeepsCheckStateAndCaptionAtOdds"),
         ("A caption that is neither of the two stays", "toggles.cpp",
          "    if (button.text() == opposite) {\n", "    if (!opposite.isNull()) {\n",
          "tst_toggles anAcceptedClickLeavesAForeignCaptionAlone"),
@@ -472,7 +472,7 @@ MUTATIONS = [
          "tst_toggles anAcceptedClickSendsTheNewStateAndTurnsTheCaption"),
         ("A refused NUC switch is logged in its own words", "switches.def",
          "\"Set NUC control value KO\"", "\"Set NUC control KO\"",
-         "tst_toggles aRefusedToggleKeepsMarkAndCaptionAtOdds"),
+         "tst_toggles aRefusedToggleKeepsCheckStateAndCaptionAtOdds"),
         ("A read logs the vertical flip in small letters", "switches.def",
          "\"vertical flip = \"", "\"Vertical flip = \"",
          "tst_expert aReadShowsEveryValueAndSwitchInItsOrder"),
@@ -880,18 +880,14 @@ MUTATIONS = [
          "{.name = \"clhe\", .maximum = 30000}", "{.name = \"clhe\", .maximum = 10000}",
          "tst_parameters aNumberHasTheRangeOfItsField"),
         ("The frame rate goes before the test pattern that it ends", "parameters.cpp",
+         "    table.push_back(\n"
          "        byteSized({.name = \"frame-rate\", .unit = \"Hz\", .choices = frameRateChoices()},\n"
-         "                  &Camera::getFrameRate, &Camera::setFrameRate),\n"
-         "        onOff(\"vignetting-correction\", feature::vignettingCorrection),\n"
-         "        onOff(\"column-correction\", feature::columnCorrection),\n"
-         "        onOff(\"nuc\", feature::nuc),\n"
-         "        onOff(\"test-pattern\", feature::testPattern),\n",
-         "        onOff(\"test-pattern\", feature::testPattern),\n"
+         "                  &Camera::getFrameRate, &Camera::setFrameRate));\n"
+         "    addSwitches(table, \"ImageProcessing\");\n",
+         "    addSwitches(table, \"ImageProcessing\");\n"
+         "    table.push_back(\n"
          "        byteSized({.name = \"frame-rate\", .unit = \"Hz\", .choices = frameRateChoices()},\n"
-         "                  &Camera::getFrameRate, &Camera::setFrameRate),\n"
-         "        onOff(\"vignetting-correction\", feature::vignettingCorrection),\n"
-         "        onOff(\"column-correction\", feature::columnCorrection),\n"
-         "        onOff(\"nuc\", feature::nuc),\n",
+         "                  &Camera::getFrameRate, &Camera::setFrameRate));\n",
          "tst_ctl_values theFrameRateThatIsThereIsNotSent"),
         ("The zoom's resolution goes before the zoom", "parameters.cpp",
          "        zoomResolution(),\n        zoom(),\n", "        zoom(),\n        zoomResolution(),\n",

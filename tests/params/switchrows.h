@@ -18,13 +18,18 @@ struct Row {
     const char* sentOff;
     const char* ok;
     const char* ko;
-    const char* read; ///< the button that reads it
+    const char* tab; ///< whose read shows it
     const char* label;
     const char* wordOn;
     const char* wordOff;
     std::uint8_t State::*state;
     std::uint8_t Defaults::*standard; ///< what a reset goes back to; null: it is left alone
 
+    /// The button whose click reads it.
+    [[nodiscard]] const char* read() const
+    {
+        return qstrcmp(tab, "Expert") == 0 ? "readParamButtonExpert" : "readParamButtonUser";
+    }
     [[nodiscard]] QString shown(bool on) const
     {
         return QLatin1String(caption) + QLatin1String(on ? ": Activated" : ": Deactivated");
@@ -36,65 +41,89 @@ struct Row {
     }
 };
 
-inline constexpr char readUser[] = "readParamButtonUser";
-inline constexpr char readExpert[] = "readParamButtonExpert";
+inline constexpr char imageProcessing[] = "Image Processing";
+inline constexpr char lut[] = "LUT";
+inline constexpr char zoom[] = "Zoom";
+inline constexpr char expert[] = "Expert";
 
 // clang-format off
 inline constexpr Row rows[] = {
     {"VignettingCorrectionButton", "Vignetting Correction", "camera.setVignettingCorrection", "true", "false",
      "Set vignetting correction value OK", "Set vignetting correction value KO",
-     readUser, "Vignetting Correction state = ", "Enabled", "Disabled",
+     imageProcessing, "Vignetting Correction state = ", "Enabled", "Disabled",
      &State::vignettingCorrection, &Defaults::vignettingCorrection},
     {"ColumnCorrectionButton", "Column Correction", "camera.setColumnCorrection", "true", "false",
      "Set column correction value OK", "Set column correction value KO",
-     readUser, "Column Correction state = ", "Enabled", "Disabled",
+     imageProcessing, "Column Correction state = ", "Enabled", "Disabled",
      &State::columnCorrection, &Defaults::columnCorrection},
     {"nucEnablingButton", "NUC", "camera.setNucControl", "2", "0",
      "Set NUC control OK", "Set NUC control value KO",
-     readUser, "NUC state = ", "Activated", "Deactivated",
+     imageProcessing, "NUC state = ", "Activated", "Deactivated",
      &State::nucControl, nullptr},
     {"TestPatternButton", "Test Pattern", "camera.setTestPattern", "true", "false",
      "Set TEST PATTERN value OK", "Set TEST PATTERN value KO",
-     readUser, "Test pattern value = ", "Enabled", "Disabled",
+     imageProcessing, "Test pattern value = ", "Enabled", "Disabled",
      &State::testPattern, &Defaults::testPattern},
     {"sdiOutputButton", "BT656/SDI Output", "camera.setBt656SdiOutput", "true", "false",
      "Set BT656/SDI OUTPUT value OK", "Set BT656/SDI OUTPUT value KO",
-     readUser, "BT656/SDI output value = ", "Enabled", "Disabled",
+     imageProcessing, "BT656/SDI output value = ", "Enabled", "Disabled",
      &State::bt656SdiOutput, &Defaults::bt656SdiOutput},
     {"parallelOutputButton", "Parallel Output", "camera.setParallelOutput", "true", "false",
      "Set PARALLEL OUTPUT value OK", "Set PARALLEL OUTPUT value KO",
-     readUser, "Parallel output value = ", "Enabled", "Disabled",
+     imageProcessing, "Parallel output value = ", "Enabled", "Disabled",
      &State::parallelOutput, &Defaults::parallelOutput},
     {"mipiOutputButton", "MIPI Output", "camera.setMipiOutput", "true", "false",
      "Set MIPI OUTPUT value OK", "Set MIPI OUTPUT value KO",
-     readUser, "MIPI output value = ", "Enabled", "Disabled",
+     imageProcessing, "MIPI output value = ", "Enabled", "Disabled",
      &State::mipiOutput, &Defaults::mipiOutput},
     {"polarityButton", "Invert Polarity", "camera.setPolarity", "true", "false",
      "Set POLARITY value OK", "Set POLARITY value KO",
-     readUser, "Polarity value = ", "1", "0",
+     lut, "Polarity value = ", "1", "0",
      &State::polarity, &Defaults::polarity},
     {"horizontalFlipButton", "Horizontal Flip", "camera.setHorizontalFlip", "true", "false",
      "Set HORIZONTAL FLIP value OK", "Set HORIZONTAL FLIP value KO",
-     readUser, "Horizontal flip value = ", "1", "0",
+     zoom, "Horizontal flip value = ", "1", "0",
      &State::horizontalFlip, &Defaults::verticalFlip},
     {"enableBprPB", "BPR Correction", "camera.setBprCorrection", "true", "false",
      "Set BPR correction value OK", "Set BPR correction value KO",
-     readExpert, "BPR state = ", "Enabled", "Disabled",
+     expert, "BPR state = ", "Enabled", "Disabled",
      &State::bprCorrection, nullptr},
     {"enableOffsetPB", "Offset Correction", "camera.setOffsetCorrection", "true", "false",
      "Set Offset correction value OK", "Set Offset correction value KO",
-     readExpert, "OFFSET state = ", "Enabled", "Disabled",
+     expert, "OFFSET state = ", "Enabled", "Disabled",
      &State::offsetCorrection, nullptr},
     {"enableGainPB", "Gain Correction", "camera.setGainCorrection", "true", "false",
      "Set Gain correction value OK", "Set Gain correction value KO",
-     readExpert, "GAIN state = ", "Enabled", "Disabled",
+     expert, "GAIN state = ", "Enabled", "Disabled",
      &State::gainCorrection, nullptr},
     {"verticalFlipButton", "Vertical flip", "camera.setVerticalFlip", "true", "false",
      "Set VERTICAL FLIP value OK", "Set VERTICAL FLIP value KO",
-     readExpert, "vertical flip = ", "Activated", "Deactivated",
+     expert, "vertical flip = ", "Activated", "Deactivated",
      &State::verticalFlip, nullptr},
 };
 // clang-format on
+
+/// What a read of a tab's switches does, in the order of the rows, when all of them were off.
+inline QStringList readOf(const char* tab, const State& camera)
+{
+    QStringList sequence;
+    for (const Row& row : rows) {
+        if (qstrcmp(row.tab, tab) != 0) {
+            continue;
+        }
+        const bool on = camera.*row.state != 0;
+        sequence.append(QString::fromLatin1(row.operation)
+                            .replace(QLatin1String(".set"), QLatin1String(".get")) +
+                        QLatin1String("()"));
+        if (on) {
+            sequence.append(QLatin1String(row.button) + QStringLiteral(" checked true"));
+            sequence.append(QLatin1String(row.button) + QStringLiteral(" text ") + row.shown(true));
+        }
+        sequence.append(QStringLiteral("log 2: ") + QLatin1String(row.label) +
+                        QLatin1String(on ? row.wordOn : row.wordOff));
+    }
+    return sequence;
+}
 
 /// Test data: every switch, both ways.
 inline void everyRowBothWays()

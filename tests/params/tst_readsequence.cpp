@@ -2,6 +2,7 @@
 // The read as a whole: what the camera is asked, what is sent back to it and what is logged, in
 // order; and the reads that end early.
 #include "tests/kit/sequence.h"
+#include "tests/params/switchrows.h"
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QComboBox>
@@ -77,28 +78,8 @@ private Q_SLOTS:
             camera.getOperatingTime()
             log 2: Operating time = 1234567 min
             log 2: Startup number = 89012
-            camera.getVignettingCorrection()
-            VignettingCorrectionButton checked true
-            VignettingCorrectionButton text Vignetting Correction: Activated
-            log 2: Vignetting Correction state = Enabled
-            camera.getColumnCorrection()
-            log 2: Column Correction state = Disabled
-            camera.getNucControl()
-            nucEnablingButton checked true
-            nucEnablingButton text NUC: Activated
-            log 2: NUC state = Activated
-            camera.getTestPattern()
-            TestPatternButton checked true
-            TestPatternButton text Test Pattern: Activated
-            log 2: Test pattern value = Enabled
-            camera.getBt656SdiOutput()
-            log 2: BT656/SDI output value = Disabled
-            camera.getParallelOutput()
-            parallelOutputButton checked true
-            parallelOutputButton text Parallel Output: Activated
-            log 2: Parallel output value = Enabled
-            camera.getMipiOutput()
-            log 2: MIPI output value = Disabled
+        )") + switchrows::readOf(switchrows::imageProcessing, busyCamera()) +
+                                      kit::block(R"(
             camera.getVideoOutput()
             VideoOutputCB currentIndex 8
             camera.setVideoOutput(8)
@@ -108,10 +89,8 @@ private Q_SLOTS:
             frameRateCB currentIndex 4
             camera.getFrameRate()
             log 2: Frame rate = 60Hz
-            camera.getPolarity()
-            polarityButton checked true
-            polarityButton text Invert Polarity: Activated
-            log 2: Polarity value = 1
+        )") + switchrows::readOf(switchrows::lut, busyCamera()) +
+                                      kit::block(R"(
             camera.getGamma()
             gammaSlider value 17
             gammaEdit value 2.2
@@ -214,10 +193,8 @@ private Q_SLOTS:
             log 2: X zoom resolution = 800
             yResolutionZoomEdit value 600
             log 2: Y zoom resolution = 600
-            camera.getHorizontalFlip()
-            horizontalFlipButton checked true
-            horizontalFlipButton text Horizontal Flip: Activated
-            log 2: Horizontal flip value = 1
+        )") + switchrows::readOf(switchrows::zoom, busyCamera()) +
+                                      kit::block(R"(
             camera.getEdgeCorrection()
             EdgeCorrectionCB currentIndex 2
             camera.configureEdgeCorrection(2, 10, 20)

@@ -85,7 +85,7 @@ private Q_SLOTS:
         user.find<QPushButton>(toggle.button).setText(QStringLiteral("a foreign caption"));
         user.sdk.camera.*toggle.state = static_cast<std::uint8_t>(state);
         user.forget();
-        user.click(toggle.read);
+        user.click(toggle.read());
         QCOMPARE(user.checked(toggle.button), on);
         QCOMPARE(user.text(toggle.button), toggle.shown(on));
         QVERIFY2(user.newLog().contains(QLatin1String(toggle.label) +

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tests/simulator/keys.h"
 
+#include <QtCore/QMap>
+
+#include <algorithm>
+
 namespace keys {
 namespace {
 
@@ -98,6 +102,16 @@ Reader member(std::int32_t ISdkConfiguration::*field)
     };
 }
 
+/// Whether the built-in camera has the parameter on.
+bool initially(const QByteArray& parameter)
+{
+    static const QMap<QByteArray, double> values = {
+#define PARAMETER(key, kind, initial, lowest, highest, retention) {#key, double{initial}},
+#include "simulator/parameters.def"
+    };
+    return values.value(parameter) != 0;
+}
+
 } // namespace
 
 QVector<Key> ofCamera()
@@ -109,7 +123,7 @@ QVector<Key> ofCamera()
     using R = ombrix_sdk::ZoomResolution;
     using A = ombrix_sdk::AhcGainsLimitation;
     using E = ombrix_sdk::EdgeCorrection;
-    return {
+    QVector<Key> keys = {
         {"baudRate", "9600", "9600", cameraBaudRate},
         {"serialNumber", "4294967295", "4294967295", camera(&C::getSerialNumber)},
         {"sensorSerialNumber", "0", "0", camera(&C::getSensorSerialNumber)},
@@ -181,6 +195,16 @@ QVector<Key> ofCamera()
         {"roi1IncEnabled", "false", "0", region(&C::getRoiX1, 2)},
         {"roi1ExcEnabled", "true", "280", region(&C::getRoiX1, 3)},
     };
+    // What is on or off and has no row of its own: tried as what it is not by itself.
+    const auto add = [&](const char* name, bool initial, ombrix_sdk::Flag (C::*get)()) {
+        if (std::none_of(keys.cbegin(), keys.cend(),
+                         [&](const Key& key) { return qstrcmp(key.name, name) == 0; })) {
+            keys.append({name, initial ? "false" : "true", initial ? "0" : "1", camera(get)});
+        }
+    };
+#define GET_FLAG(operation, value) add(#value, initially(#value), &C::operation);
+#include "sdk/operations.def"
+    return keys;
 }
 
 QVector<Key> ofConfiguration()

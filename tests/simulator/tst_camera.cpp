@@ -40,7 +40,7 @@ Value toggle(const char* name, Flag (ICamera::*get)(), Flag (ICamera::*set)(bool
     return number(name, get, set, {1, 0, 1}, {});
 }
 
-QVector<Value> values()
+QVector<Value> numbers()
 {
     constexpr quint32 most = std::numeric_limits<quint32>::max();
     return {
@@ -48,18 +48,6 @@ QVector<Value> values()
         number("gfid", &ICamera::getGfid, &ICamera::setGfid, {0, 7, 4095}, {4096, most}),
         number("gms", &ICamera::getGms, &ICamera::setGms, {0, 7, 4095}, {4096, most}),
         number("tint", &ICamera::getTint, &ICamera::setTint, {0, 7, 4095}, {4096, most}),
-        toggle("bprCorrection", &ICamera::getBprCorrection, &ICamera::setBprCorrection),
-        toggle("offsetCorrection", &ICamera::getOffsetCorrection, &ICamera::setOffsetCorrection),
-        toggle("gainCorrection", &ICamera::getGainCorrection, &ICamera::setGainCorrection),
-        toggle("horizontalFlip", &ICamera::getHorizontalFlip, &ICamera::setHorizontalFlip),
-        toggle("verticalFlip", &ICamera::getVerticalFlip, &ICamera::setVerticalFlip),
-        toggle("vignettingCorrection", &ICamera::getVignettingCorrection,
-               &ICamera::setVignettingCorrection),
-        toggle("columnCorrection", &ICamera::getColumnCorrection, &ICamera::setColumnCorrection),
-        toggle("testPattern", &ICamera::getTestPattern, &ICamera::setTestPattern),
-        toggle("bt656SdiOutput", &ICamera::getBt656SdiOutput, &ICamera::setBt656SdiOutput),
-        toggle("parallelOutput", &ICamera::getParallelOutput, &ICamera::setParallelOutput),
-        toggle("mipiOutput", &ICamera::getMipiOutput, &ICamera::setMipiOutput),
         number("frameRate", &ICamera::getFrameRate, &ICamera::setFrameRate, {9, 25, 30, 50, 60},
                {0, 10, 24, 61, 255}),
         number("videoOutput", &ICamera::getVideoOutput, &ICamera::setVideoOutput, {0, 6, 8},
@@ -72,8 +60,24 @@ QVector<Value> values()
         number("gamma", &ICamera::getGamma, &ICamera::setGamma, {32768, 144179, 163840},
                {32767, 163841, most}),
         number("clhe", &ICamera::getClhe, &ICamera::setClhe, {0, 30000}, {30001, most}),
-        toggle("polarity", &ICamera::getPolarity, &ICamera::setPolarity),
     };
+}
+
+/// The numbers, and all that is on or off.
+QVector<Value> values()
+{
+    QVector<Value> all = numbers();
+    QMap<QByteArray, Flag (ICamera::*)()> getters;
+#define GET_FLAG(name, value) getters[#value] = &ICamera::name;
+#include "sdk/operations.def"
+    const auto add = [&](const char* name, Flag (ICamera::*set)(bool)) {
+        if (getters.contains(name)) {
+            all.append(toggle(name, getters.value(name), set));
+        }
+    };
+#define SET_FLAG(name, value) add(#value, &ICamera::name);
+#include "sdk/operations.def"
+    return all;
 }
 
 /// Every value that the program can set by itself.

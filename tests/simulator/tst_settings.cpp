@@ -602,7 +602,10 @@ private Q_SLOTS:
 
     void theGuideExplainsEveryKeyPlanAndVariable()
     {
-        const QString guide = QString::fromUtf8(contentOf(projectFile("docs/simulator.md")));
+        // What is only on or off needs no words beyond those of its operations.
+        const QString guide =
+            QString::fromUtf8(contentOf(projectFile("docs/simulator.md")) +
+                              contentOf(projectFile("docs/simulator-reference.md")));
         QStringList words = everyKey().values();
         words << QStringLiteral("TAVREL_SIMULATOR_SETTINGS")
               << QStringLiteral("TAVREL_SIMULATOR_LOG")
