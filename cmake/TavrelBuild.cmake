@@ -53,7 +53,7 @@ function(tavrel_target target)
         QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_DEPRECATED_WARNINGS
         QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
     if(MSVC)
-        # No errors of them: what the Windows compiler warns of has not been looked through yet.
+        # No errors of them: what MSVC warns of has not been looked through yet.
         target_compile_options(${target} PRIVATE /W4 /utf-8)
     else()
         target_compile_options(${target} PRIVATE

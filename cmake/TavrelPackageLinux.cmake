@@ -63,7 +63,7 @@ else()
 endif()
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "The camera of this package is simulated: one answers on every serial port, and
-nothing is sent to a real one. A real camera is reached through its maker's
+nothing is sent to a real one. A real camera is reached through its vendor's
 SDK library, which is not part of this package; the manual page says how to
 put it in front.
 

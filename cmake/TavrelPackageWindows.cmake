@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# The folder of a program built with the Windows compiler, completed for a PC without Qt.
+# The folder of a program built with MSVC, completed for a PC without Qt.
 set(CPACK_GENERATOR ZIP)
 
 # The libraries that the program names: the SDK library, OpenCV, Qt's modules.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// CLI11, for all C libraries of the Windows compiler.
+// CLI11, for all C libraries of MSVC.
 #pragma once
 
 #if defined(_MSC_VER) && defined(__clang__)

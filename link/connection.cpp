@@ -119,12 +119,12 @@ void MainWindow::setupExpertSliders()
         slider->setPageStep(10);
         slider->setValue(configuration->*value->configured);
 
-        QDoubleSpinBox* box = ui->*value->pair.box;
+        QDoubleSpinBox* spinBox = ui->*value->pair.spinBox;
         if (value->hasLimits) {
-            box->setRange(configuration->*value->minimum, configuration->*value->maximum);
+            spinBox->setRange(configuration->*value->minimum, configuration->*value->maximum);
         }
-        box->setValue(configuration->*value->configured);
-        box->setSingleStep(1.0);
+        spinBox->setValue(configuration->*value->configured);
+        spinBox->setSingleStep(1.0);
     }
 }
 

@@ -10,13 +10,13 @@
 using ombrix_sdk::OmbrixSdk;
 using tavrel::ExpertValue;
 using tavrel::lowWord;
-using tavrel::mirrorToBox;
 using tavrel::mirrorToSlider;
+using tavrel::mirrorToSpinBox;
 namespace expert = tavrel::expert;
 
 void MainWindow::GSKExpertSliderChanged(int value)
 {
-    mirrorToBox(*ui, expert::gsk.pair, value);
+    mirrorToSpinBox(*ui, expert::gsk.pair, value);
 }
 
 void MainWindow::GSKExpertValueChanged(double value)
@@ -26,7 +26,7 @@ void MainWindow::GSKExpertValueChanged(double value)
 
 void MainWindow::GFIDExpertSliderChanged(int value)
 {
-    mirrorToBox(*ui, expert::gfid.pair, value);
+    mirrorToSpinBox(*ui, expert::gfid.pair, value);
 }
 
 void MainWindow::GFIDExpertValueChanged(double value)
@@ -36,7 +36,7 @@ void MainWindow::GFIDExpertValueChanged(double value)
 
 void MainWindow::GMSExpertSliderChanged(int value)
 {
-    mirrorToBox(*ui, expert::gms.pair, value);
+    mirrorToSpinBox(*ui, expert::gms.pair, value);
 }
 
 void MainWindow::GMSExpertValueChanged(double value)
@@ -46,7 +46,7 @@ void MainWindow::GMSExpertValueChanged(double value)
 
 void MainWindow::TINTExpertSliderChanged(int value)
 {
-    mirrorToBox(*ui, expert::tint.pair, value);
+    mirrorToSpinBox(*ui, expert::tint.pair, value);
 }
 
 void MainWindow::TINTExpertValueChanged(double value)
@@ -59,7 +59,7 @@ void MainWindow::sendExpertValue(const ExpertValue& value)
     if (!mayCommand()) {
         return;
     }
-    const std::uint32_t sent = lowWord((ui->*value.pair.box)->value());
+    const std::uint32_t sent = lowWord((ui->*value.pair.spinBox)->value());
     reportResult((camera->*value.set)(sent), std::string("Set ") + value.name + " value");
 }
 
@@ -95,7 +95,7 @@ void MainWindow::ReadParamsExpert()
     for (const ExpertValue* value : tavrel::expertValues) {
         const std::uint32_t read = (camera->*value->get)();
         (ui->*value->pair.slider)->setValue(tavrel::saturatedInt(std::uint64_t{read}));
-        (ui->*value->pair.box)->setValue(read);
+        (ui->*value->pair.spinBox)->setValue(read);
         appendLog(std::string(value->name) + " value = " + std::to_string(read));
     }
     readToggles(tavrel::Tab::Expert);
@@ -133,7 +133,7 @@ void MainWindow::ApplyParamsExpert()
         configuration->gskValue = ui->gskSlider->value();
         configuration->gfidValue = ui->gfidSlider->value();
         configuration->tintValue = ui->tintSlider->value();
-        // Its box holds more than its slider can.
+        // Its spin box holds more than its slider can.
         configuration->gmsValue = static_cast<std::int32_t>(lowWord(ui->gmsEdit->value()));
     }
     appendLog("End applying camera expert parameters");

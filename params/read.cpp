@@ -100,9 +100,9 @@ void MainWindow::readRegions()
         if (row.enable != nullptr) {
             (ui->*row.enable)->setChecked(tavrel::isRegionOn(region.x1));
         }
-        const auto show = [&](QSpinBox* Ui_MainWindow::*box, const char* name,
+        const auto show = [&](QSpinBox* Ui_MainWindow::*spinBox, const char* name,
                               std::uint32_t value) {
-            (ui->*box)->setValue(saturatedInt(std::uint64_t{value}));
+            (ui->*spinBox)->setValue(saturatedInt(std::uint64_t{value}));
             appendLog(std::string(tavrel::regionNames[index]) + " " + name +
                       " value = " + to_string(value));
         };

@@ -45,8 +45,8 @@ bool isRegion(int region)
 
 void MainWindow::sendCoordinate(const Coordinate& coordinate, int region)
 {
-    // Locking the parameters ends an edit. What was typed is dropped then, and no box opens while
-    // the connection is taken down.
+    // Locking the parameters ends an edit. What was typed is dropped then, and no message box opens
+    // while the connection is taken down.
     if (disconnecting) {
         return;
     }
@@ -104,8 +104,8 @@ void MainWindow::enableRegion(int region)
     // The camera learns of it only with the next coordinate.
     const Region& row = regions.at(static_cast<std::size_t>(region));
     const bool enabled = (ui->*row.enable)->isChecked();
-    for (QSpinBox* Ui_MainWindow::*box : {row.x1, row.x2, row.y1, row.y2}) {
-        (ui->*box)->setEnabled(enabled);
+    for (QSpinBox* Ui_MainWindow::*spinBox : {row.x1, row.x2, row.y1, row.y2}) {
+        (ui->*spinBox)->setEnabled(enabled);
     }
 }
 

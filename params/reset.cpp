@@ -15,12 +15,12 @@ using Ui = Ui_MainWindow;
 using Configuration = ISdkConfiguration;
 
 struct CoordinateDefault {
-    QSpinBox* Ui::*box;
+    QSpinBox* Ui::*spinBox;
     double (Configuration::*get)();
 };
 
 struct EnableDefault {
-    QCheckBox* Ui::*box;
+    QCheckBox* Ui::*checkBox;
     ombrix_sdk::Flag (Configuration::*get)();
 };
 
@@ -62,7 +62,7 @@ void resetRegion(const Ui& ui, Configuration& configuration,
                  const CoordinateDefault (&coordinates)[size])
 {
     for (const CoordinateDefault& coordinate : coordinates) {
-        (ui.*coordinate.box)->setValue(saturatedInt((configuration.*coordinate.get)()));
+        (ui.*coordinate.spinBox)->setValue(saturatedInt((configuration.*coordinate.get)()));
     }
 }
 
@@ -70,7 +70,7 @@ template<std::size_t size>
 void resetRegion(const Ui& ui, Configuration& configuration, const EnableDefault& enable,
                  const CoordinateDefault (&coordinates)[size])
 {
-    (ui.*enable.box)->setChecked((configuration.*enable.get)() != 0);
+    (ui.*enable.checkBox)->setChecked((configuration.*enable.get)() != 0);
     resetRegion(ui, configuration, coordinates);
 }
 

@@ -11,8 +11,8 @@ using tavrel::DecimalPair;
 using tavrel::IntegerPair;
 using tavrel::lowByte;
 using tavrel::lowWord;
-using tavrel::mirrorToBox;
 using tavrel::mirrorToSlider;
+using tavrel::mirrorToSpinBox;
 
 // clang-format off
 //                                     slider                       spin box                 units/step  steps/unit  offset
@@ -29,7 +29,7 @@ constexpr IntegerPair tempoFilterPair   {&Ui::TempoFilterSlider,       &Ui::Temp
 
 void MainWindow::GammaUserSliderChanged(int value)
 {
-    mirrorToBox(*ui, gammaPair, value);
+    mirrorToSpinBox(*ui, gammaPair, value);
 }
 
 void MainWindow::GammaUserValueChanged(double value)
@@ -39,7 +39,7 @@ void MainWindow::GammaUserValueChanged(double value)
 
 void MainWindow::ClheUserSliderChanged(int value)
 {
-    mirrorToBox(*ui, clhePair, value);
+    mirrorToSpinBox(*ui, clhePair, value);
 }
 
 void MainWindow::ClheUserValueChanged(double value)
@@ -49,7 +49,7 @@ void MainWindow::ClheUserValueChanged(double value)
 
 void MainWindow::SharpeningUserSliderChanged(int value)
 {
-    mirrorToBox(*ui, sharpeningPair, value);
+    mirrorToSpinBox(*ui, sharpeningPair, value);
 }
 
 void MainWindow::SharpeningUserValueChanged(double value)
@@ -59,7 +59,7 @@ void MainWindow::SharpeningUserValueChanged(double value)
 
 void MainWindow::SharpeningTHSliderChanged(int value)
 {
-    mirrorToBox(*ui, sharpeningTHPair, value);
+    mirrorToSpinBox(*ui, sharpeningTHPair, value);
 }
 
 void MainWindow::SharpeningTHValueChanged(double value)
@@ -69,7 +69,7 @@ void MainWindow::SharpeningTHValueChanged(double value)
 
 void MainWindow::AhcBlackGainlimSliderChanged(int value)
 {
-    mirrorToBox(*ui, ahcBlackLimitPair, value);
+    mirrorToSpinBox(*ui, ahcBlackLimitPair, value);
 }
 
 void MainWindow::AhcBlackGainLimSpinValueChanged(int value)
@@ -79,7 +79,7 @@ void MainWindow::AhcBlackGainLimSpinValueChanged(int value)
 
 void MainWindow::AhcWhiteGainlimSliderChanged(int value)
 {
-    mirrorToBox(*ui, ahcWhiteLimitPair, value);
+    mirrorToSpinBox(*ui, ahcWhiteLimitPair, value);
 }
 
 void MainWindow::AhcWhiteGainLimSpinValueChanged(int value)
@@ -89,7 +89,7 @@ void MainWindow::AhcWhiteGainLimSpinValueChanged(int value)
 
 void MainWindow::TempoFilterSliderChanged(int value)
 {
-    mirrorToBox(*ui, tempoFilterPair, value);
+    mirrorToSpinBox(*ui, tempoFilterPair, value);
 }
 
 void MainWindow::TempoFiltSpinValueChanged(int value)

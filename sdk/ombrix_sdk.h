@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The binary boundary to the camera maker's SDK library: five abstract interfaces, the log record
+// The binary boundary to the camera vendor's SDK library: five abstract interfaces, the log record
 // class and the records that cross with them. Nothing else of the library is known to the tool.
 //
 // The order of the virtual functions, the placeholders between them and the places of the data
@@ -435,7 +435,7 @@ class ILogger {
     virtual void reserved0() {}
 
 public:
-    // The Windows compiler lays adjacent overloads out in reverse order of declaration; the slot
+    // MSVC lays adjacent overloads out in reverse order of declaration; the slot
     // order is string, then character string, under both.
 #if defined(_MSC_VER)
     virtual ILogger& operator<<(const char* text) = 0;

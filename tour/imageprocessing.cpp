@@ -50,7 +50,7 @@ void changeImageProcessing(Operator& user)
                "Set MIPI OUTPUT value OK");
     });
 
-    user.step("Change the frame rate, which takes the test pattern's mark away", [&] {
+    user.step("Change the frame rate, which unchecks the test pattern", [&] {
         user.choose("frameRateCB", "30Hz");
         user.expectLog({"Set FRAME RATE value OK"});
         user.expectChecked("TestPatternButton", false);

@@ -74,7 +74,7 @@ void Operator::tidyUp()
     };
     constexpr int patience = 50;
     for (int attempt = 0; attempt < patience && inGui(somethingIsOpen); ++attempt) {
-        hands.strike("Escape");
+        input.strike("Escape");
         std::this_thread::sleep_for(stillness);
     }
 }
@@ -83,10 +83,10 @@ void Operator::movePointer(QPoint position)
 {
     constexpr int steps = 25;
     for (int step = 1; step < steps && pace > milliseconds::zero(); ++step) {
-        hands.movePointer(pointer + (position - pointer) * step / steps);
+        input.movePointer(pointer + (position - pointer) * step / steps);
         std::this_thread::sleep_for(pace / steps);
     }
-    hands.movePointer(position);
+    input.movePointer(position);
     pointer = position;
 }
 
@@ -95,8 +95,8 @@ void Operator::press(QPoint position)
     pictureIsCurrent = false;
     const int before = inGui([&] { return witness->releases(); });
     movePointer(position);
-    hands.pressButton();
-    hands.releaseButton();
+    input.pressButton();
+    input.releaseButton();
     expect("the program receives the click", [&] { return witness->releases() > before; });
 }
 
@@ -152,9 +152,9 @@ void Operator::type(const Text& name, const Text& text)
         return sight::widget(name).hasFocus();
     };
     expect(name + QStringLiteral(" has the keyboard"), hasFocus);
-    hands.strike("ctrl+a");
-    hands.type(text);
-    hands.strike("Tab");
+    input.strike("ctrl+a");
+    input.type(text);
+    input.strike("Tab");
     expect(name + QStringLiteral(" lets go of the keyboard"),
            [&] { return !hasFocus() || sight::openDialog() != nullptr; });
 }
@@ -204,7 +204,7 @@ int Operator::drag(const Text& slider, int value)
     mark(to);
     pictureIsCurrent = false;
     movePointer(from);
-    hands.pressButton();
+    input.pressButton();
     movePointer((from + to) / 2);
     movePointer(to);
     const auto isDown = [&] {
@@ -214,7 +214,7 @@ int Operator::drag(const Text& slider, int value)
         const auto& dragged = sight::find<QSlider>(slider);
         return isDown() && sight::handlePlace(slider, dragged.value()) == to;
     });
-    hands.releaseButton();
+    input.releaseButton();
     expect(slider + QStringLiteral(" is released"), [&] { return !isDown(); });
     return inGui([&] { return sight::find<QSlider>(slider).value(); });
 }
@@ -247,7 +247,7 @@ void Operator::closeMainWindow()
 
 void Operator::closeActiveWindow()
 {
-    hands.strike("alt+F4");
+    input.strike("alt+F4");
 }
 
 void Operator::tell(const Text& action)

@@ -3,7 +3,7 @@
 // An expectation that does not come true in time throws Failure.
 #pragma once
 
-#include "tour/hands.h"
+#include "tour/input.h"
 #include "tour/report.h"
 #include "tour/witness.h"
 
@@ -103,7 +103,7 @@ private:
     void tidyUp();
 
     Report& report;
-    Hands hands;
+    Input input;
     const Witness* witness; ///< belongs to the GUI thread
     std::chrono::milliseconds pace;
     QPoint pointer;

@@ -9,7 +9,7 @@ void meetRefusals(Operator& user)
 {
     user.chapter("When the camera refuses");
 
-    user.step("A refused command leaves mark and caption at odds", [&] {
+    user.step("A refused command leaves check state and caption at odds", [&] {
         const Faults faults(QStringLiteral("refuse-everything"));
         user.tell("The camera refuses every command from now on");
         user.showTab("Image Processing");

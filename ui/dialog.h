@@ -8,7 +8,7 @@
 
 class Ui_Dialog;
 
-/// Shows the product's name, its version and the maker's credit line. The caller decides whether
+/// Shows the product's name, its version and the vendor's credit line. The caller decides whether
 /// it is modal; its result means nothing.
 class Dialog : public QDialog {
     Q_OBJECT

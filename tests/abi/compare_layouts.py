@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Holds the boundary's layouts against each other: as the Windows compiler lays it out and as g++
+"""Holds the boundary's layouts against each other: as MSVC lays it out and as g++
 does. Slots of every interface, offsets of every data member and sizes of every record must agree.
 
 usage: compare_layouts.py CLANG SOURCE_DIR

@@ -267,8 +267,8 @@ QMap<QPair<QString, QString>, int> connectionCounts()
     for (const Pair& pair : rows) {
         add(pair.slider, SIGNAL(valueChanged(int)));
         add(pair.slider, SIGNAL(sliderReleased()));
-        add(pair.box, pair.boxSignal);
-        add(pair.box, SIGNAL(editingFinished()));
+        add(pair.spinBox, pair.spinBoxSignal);
+        add(pair.spinBox, SIGNAL(editingFinished()));
     }
     for (const Field& field : regionFields) {
         add(field.box, SIGNAL(editingFinished()));
@@ -381,10 +381,11 @@ private Q_SLOTS:
             QTest::addRow("%s released", pair.slider)
                 << QByteArray(pair.slider) << QByteArray(SIGNAL(sliderReleased()))
                 << QByteArray(pair.sendSlot);
-            QTest::addRow("%s changed", pair.box)
-                << QByteArray(pair.box) << QByteArray(pair.boxSignal) << QByteArray(pair.boxSlot);
-            QTest::addRow("%s finished", pair.box)
-                << QByteArray(pair.box) << QByteArray(SIGNAL(editingFinished()))
+            QTest::addRow("%s changed", pair.spinBox)
+                << QByteArray(pair.spinBox) << QByteArray(pair.spinBoxSignal)
+                << QByteArray(pair.spinBoxSlot);
+            QTest::addRow("%s finished", pair.spinBox)
+                << QByteArray(pair.spinBox) << QByteArray(SIGNAL(editingFinished()))
                 << QByteArray(pair.sendSlot);
         }
     }
@@ -435,11 +436,11 @@ private Q_SLOTS:
         const Pair& pair = rows[row()];
         Operator user;
         connectEverything(user);
-        const double before = boxValue(user, pair.box);
+        const double before = boxValue(user, pair.spinBox);
         user.press(pair.slider, Qt::Key_Left);
         const double expected = user.sliderValue(pair.slider) * pair.scale + pair.offset;
-        QVERIFY(!qFuzzyCompare(boxValue(user, pair.box), before));
-        QCOMPARE(boxValue(user, pair.box), expected);
+        QVERIFY(!qFuzzyCompare(boxValue(user, pair.spinBox), before));
+        QCOMPARE(boxValue(user, pair.spinBox), expected);
         QCOMPARE(user.calls(), QStringList());
     }
 
@@ -460,8 +461,8 @@ private Q_SLOTS:
         Operator user;
         connectEverything(user);
         const int before = user.sliderValue(pair.slider);
-        user.press(pair.box, Qt::Key_Down);
-        const int expected = qRound((boxValue(user, pair.box) - pair.offset) / pair.scale);
+        user.press(pair.spinBox, Qt::Key_Down);
+        const int expected = qRound((boxValue(user, pair.spinBox) - pair.offset) / pair.scale);
         QVERIFY(user.sliderValue(pair.slider) != before);
         QCOMPARE(user.sliderValue(pair.slider), expected);
         QCOMPARE(user.calls(), QStringList());
@@ -473,7 +474,7 @@ private Q_SLOTS:
         const Pair& pair = rows[row()];
         Operator user;
         connectEverything(user);
-        user.press(pair.box, Qt::Key_Tab);
+        user.press(pair.spinBox, Qt::Key_Tab);
         sends(user, {pair.asRead});
     }
 

@@ -60,7 +60,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("name");
         QTest::newRow("product") << QByteArray("KVLogo");
-        QTest::newRow("maker") << QByteArray("HTLogo");
+        QTest::newRow("vendor") << QByteArray("HTLogo");
     }
 
     void logosAreNotEnlarged()

@@ -173,7 +173,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("label");
         QTest::addColumn<QString>("picture");
-        QTest::newRow("maker") << QByteArray("HTLogo") << QStringLiteral("HalvornTech.png");
+        QTest::newRow("vendor") << QByteArray("HTLogo") << QStringLiteral("HalvornTech.png");
         QTest::newRow("product") << QByteArray("KVLogo") << QStringLiteral("OmbrixKV.png");
     }
 

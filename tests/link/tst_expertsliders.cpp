@@ -14,7 +14,7 @@ using Configuration = ombrix_sdk::ISdkConfiguration;
 struct Row {
     const char* name;
     const char* slider;
-    const char* box;
+    const char* spinBox;
     std::int32_t Configuration::*value;
     std::int32_t Configuration::*minimum;
     std::int32_t Configuration::*maximum;
@@ -67,7 +67,7 @@ private Q_SLOTS:
         QCOMPARE(slider.minimum(), 100);
         QCOMPARE(slider.maximum(), 900);
         QCOMPARE(slider.value(), 345);
-        const auto& box = user.find<QDoubleSpinBox>(row().box);
+        const auto& box = user.find<QDoubleSpinBox>(row().spinBox);
         QCOMPARE(box.minimum(), row().boxHasLimits ? 100.0 : 0.0);
         QCOMPARE(box.maximum(), row().boxHasLimits ? 900.0 : gmsFormMaximum);
         QCOMPARE(box.value(), 345.0);
@@ -82,7 +82,7 @@ private Q_SLOTS:
         QCOMPARE(slider.tickInterval(), 1);
         QCOMPARE(slider.singleStep(), 1);
         QCOMPARE(slider.pageStep(), 10);
-        QCOMPARE(user.find<QDoubleSpinBox>(row().box).singleStep(), 1.0);
+        QCOMPARE(user.find<QDoubleSpinBox>(row().spinBox).singleStep(), 1.0);
     }
 
     void aConnectionSetsEverythingUpAgain_data() { addRows(); }
@@ -91,7 +91,7 @@ private Q_SLOTS:
         kit::Operator user;
         user.start();
         auto& slider = user.find<QSlider>(row().slider);
-        auto& box = user.find<QDoubleSpinBox>(row().box);
+        auto& box = user.find<QDoubleSpinBox>(row().spinBox);
         slider.setEnabled(false);
         slider.setOrientation(Qt::Vertical);
         slider.setTickInterval(5);
@@ -149,10 +149,12 @@ private Q_SLOTS:
         configuration.*row().maximum = 50;
         configuration.*row().value = 60;
         QCOMPARE(user.sliderValue(row().slider), 50);
-        QCOMPARE(user.find<QDoubleSpinBox>(row().box).value(), row().boxHasLimits ? 50.0 : 60.0);
+        QCOMPARE(user.find<QDoubleSpinBox>(row().spinBox).value(),
+                 row().boxHasLimits ? 50.0 : 60.0);
         user.connectCamera();
         QCOMPARE(user.sliderValue(row().slider), 50);
-        QCOMPARE(user.find<QDoubleSpinBox>(row().box).value(), row().boxHasLimits ? 50.0 : 60.0);
+        QCOMPARE(user.find<QDoubleSpinBox>(row().spinBox).value(),
+                 row().boxHasLimits ? 50.0 : 60.0);
     }
 
     void aValueBelowItsMinimumIsRaised_data() { addRows(); }
@@ -164,7 +166,7 @@ private Q_SLOTS:
         configuration.*row().maximum = 50;
         configuration.*row().value = 5;
         QCOMPARE(user.sliderValue(row().slider), 10);
-        QCOMPARE(user.find<QDoubleSpinBox>(row().box).value(), row().boxHasLimits ? 10.0 : 5.0);
+        QCOMPARE(user.find<QDoubleSpinBox>(row().spinBox).value(), row().boxHasLimits ? 10.0 : 5.0);
     }
 
     void limitsTooFarApartForASliderEndItEarlier_data() { addRows(); }
@@ -193,7 +195,7 @@ private Q_SLOTS:
         configuration.*row().maximum = std::numeric_limits<std::int32_t>::max();
         configuration.*row().value = std::numeric_limits<std::int32_t>::max();
         QCOMPARE(user.sliderValue(row().slider), std::numeric_limits<int>::max());
-        QCOMPARE(user.find<QDoubleSpinBox>(row().box).value(), 2147483647.0);
+        QCOMPARE(user.find<QDoubleSpinBox>(row().spinBox).value(), 2147483647.0);
     }
 
     void theFourPairsAreSetUpInTheirOrder()

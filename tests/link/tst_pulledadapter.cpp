@@ -50,7 +50,7 @@ QStringList pairsApart(kit::Operator& user)
     QStringList apart;
     for (const Pair& pair : pairrows::rows) {
         const double slider = user.sliderValue(pair.slider) * pair.scale + pair.offset;
-        if (std::abs(slider - valueOf(user, pair.box)) > lessThanAStep) {
+        if (std::abs(slider - valueOf(user, pair.spinBox)) > lessThanAStep) {
             apart << QLatin1String(pair.slider);
         }
     }

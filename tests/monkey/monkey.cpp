@@ -27,8 +27,8 @@ namespace monkey {
 
 namespace {
 
-/// The automatic correction blocks for more than a second, as long as all other deeds of a while.
-constexpr int deedsBetweenLongNucs = 5000;
+/// The automatic correction blocks for more than a second, as long as all other actions of a while.
+constexpr int actionsBetweenLongNucs = 5000;
 /// The timer is moved by hand, so that a run is the same on a slow machine.
 constexpr std::chrono::hours never{24};
 constexpr int deepest = 3;
@@ -46,14 +46,14 @@ constexpr std::array letters = {Qt::Key_A, Qt::Key_C, Qt::Key_V, Qt::Key_X, Qt::
 
 } // namespace
 
-struct Monkey::Deed {
+struct Monkey::Action {
     unsigned weight; ///< how often, relative to the others
     const char* name;
     void (Monkey::*run)();
 };
 
 // clang-format off
-const Monkey::Deed Monkey::deeds[] = {
+const Monkey::Action Monkey::actions[] = {
     {16, "press a button",      &Monkey::pressAButton},
     { 6, "click anywhere",      &Monkey::clickAnywhere},
     { 8, "drag a slider",       &Monkey::dragASlider},
@@ -95,11 +95,11 @@ void Monkey::act()
         QApplication::setActiveWindow(window);
     }
     std::size_t total = 0;
-    for (const Deed& deed : deeds) {
-        total += deed.weight;
+    for (const Action& action : actions) {
+        total += action.weight;
     }
     std::size_t drawn = draw.below(total);
-    auto chosen = std::begin(deeds);
+    auto chosen = std::begin(actions);
     while (drawn >= chosen->weight) {
         drawn -= chosen->weight;
         ++chosen;
@@ -116,7 +116,7 @@ void Monkey::act()
     }
 }
 
-// ---- deeds
+// ---- actions
 
 void Monkey::pressAButton()
 {
@@ -379,7 +379,7 @@ bool Monkey::mayPress(const QWidget* widget)
     if (untilLongNuc > 0) {
         return false;
     }
-    untilLongNuc = deedsBetweenLongNucs;
+    untilLongNuc = actionsBetweenLongNucs;
     return true;
 }
 
@@ -410,8 +410,8 @@ bool Monkey::eventFilter(QObject* watched, QEvent* event)
 
 /// A menu that opens takes the focus from a region's box, and the box about the region then hides
 /// the menu before its event loop runs. Nothing ends that loop any more; an operator does not
-/// notice, but the deed would never return. Repeats itself until the menu is gone: a loop that does
-/// not run yet cannot be ended.
+/// notice, but the action would never return. Repeats itself until the menu is gone: a loop that
+/// does not run yet cannot be ended.
 void Monkey::endLoopOf(QMenu& menu)
 {
     const QPointer<QMenu> hidden = &menu;

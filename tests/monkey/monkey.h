@@ -27,10 +27,10 @@ public:
 
     /// The window from now on.
     void sitDownAt(MainWindow& mainWindow);
-    /// One random deed, with every box and list that it opened closed again.
+    /// One random action, with every box and list that it opened closed again.
     void act();
-    /// The latest deed, for a report.
-    [[nodiscard]] QString deed() const { return latest; }
+    /// The latest action, for a report.
+    [[nodiscard]] QString action() const { return latest; }
     /// What the monkey itself could not bring about, or an empty text.
     [[nodiscard]] QString finding() const { return trouble; }
     /// Boxes that were answered so far.
@@ -42,8 +42,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    struct Deed;
-    static const Deed deeds[];
+    struct Action;
+    static const Action actions[];
 
     void pressAButton();
     void clickAnywhere();
@@ -88,7 +88,7 @@ private:
     int answered = 0;
     int pulled = 0;
     QStack<const QDialog*> attended; ///< the boxes above one another that are being answered
-    int untilLongNuc = 500;          ///< deeds before the next correction that blocks
+    int untilLongNuc = 500;          ///< actions before the next correction that blocks
 };
 
 } // namespace monkey

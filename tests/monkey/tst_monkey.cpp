@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A run of the monkey: TAVREL_MONKEY_STEPS deeds drawn from TAVREL_MONKEY_SEED, at a window whose
+// A run of the monkey: TAVREL_MONKEY_STEPS actions drawn from TAVREL_MONKEY_SEED, at a window whose
 // SDK answers at random, with the window's health checked after each.
 #include "tests/kit/warnings.h"
 #include "tests/monkey/health.h"
@@ -18,24 +18,24 @@
 
 namespace {
 
-/// Longest time for one deed before the program counts as stuck.
+/// Longest time for one action before the program counts as stuck.
 constexpr std::chrono::seconds patience{120};
-/// Fewer deeds than this may well pass without a connection.
-constexpr quint64 fewDeeds = 500;
-/// Deeds before the window is closed and a new one opened.
-constexpr quint64 deedsPerWindow = 1000;
+/// Fewer actions than this may well pass without a connection.
+constexpr quint64 fewActions = 500;
+/// Actions before the window is closed and a new one opened.
+constexpr quint64 actionsPerWindow = 1000;
 
-/// Ends the program when a deed takes too long; from a thread of its own, because the stuck one
+/// Ends the program when a action takes too long; from a thread of its own, because the stuck one
 /// cannot.
 class Watchdog {
 public:
     Watchdog() : guard([this](const std::stop_token& end) { watch(end); }) {}
 
-    /// A deed begins.
-    void see(const QByteArray& deed)
+    /// A action begins.
+    void see(const QByteArray& action)
     {
         const std::lock_guard lock(mutex);
-        doing = deed;
+        doing = action;
         begun = std::chrono::steady_clock::now();
     }
 
@@ -89,7 +89,7 @@ private Q_SLOTS:
             const QByteArray doing =
                 QStringLiteral("step %1 of seed %2").arg(step).arg(seed).toUtf8();
             watchdog.see(doing);
-            if (step % deedsPerWindow == 0) {
+            if (step % actionsPerWindow == 0) {
                 health.reset();
                 window = std::make_unique<MainWindow>();
                 window->show();
@@ -102,17 +102,17 @@ private Q_SLOTS:
             online += health->connected() ? 1 : 0;
             if (!finding.isEmpty() || QTest::currentTestFailed()) {
                 QFAIL(qPrintable(QStringLiteral("%1, %2: %3")
-                                     .arg(QString::fromUtf8(doing), monkey.deed(), finding)));
+                                     .arg(QString::fromUtf8(doing), monkey.action(), finding)));
             }
         }
         window->close();
         // Windows does not let the current directory be deleted.
         QVERIFY(QDir::setCurrent(QDir::tempPath()));
-        qInfo("seed %llu: %llu deeds, %llu of them with a camera, %d boxes, %d adapters pulled",
+        qInfo("seed %llu: %llu actions, %llu of them with a camera, %d boxes, %d adapters pulled",
               seed, steps, online, monkey.boxes(), monkey.pulls());
-        // Most controls are out of reach without a camera; only a few deeds prove nothing.
-        QVERIFY(online > steps / 4 || steps < fewDeeds);
-        QVERIFY(monkey.pulls() > 0 || steps < fewDeeds);
+        // Most controls are out of reach without a camera; only a few actions prove nothing.
+        QVERIFY(online > steps / 4 || steps < fewActions);
+        QVERIFY(monkey.pulls() > 0 || steps < fewActions);
     }
 };
 
@@ -123,7 +123,7 @@ int main(int argc, char* argv[])
     }
     qputenv("QT_FONT_DPI", "96");
     qputenv("QT_STYLE_OVERRIDE", "Fusion");
-    // A long run is no hanging one; each deed has its own limit.
+    // A long run is no hanging one; each action has its own limit.
     qputenv("QTEST_FUNCTION_TIMEOUT", "2000000000");
     QLocale::setDefault(QLocale::c());
     QApplication application(argc, argv);

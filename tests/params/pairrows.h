@@ -11,9 +11,9 @@ struct Row {
     const char* sliderSlot;
     double scale; ///< spin box = slider * scale + offset
     double offset;
-    const char* box;
-    const char* boxSignal;
-    const char* boxSlot;
+    const char* spinBox;
+    const char* spinBoxSignal;
+    const char* spinBoxSlot;
     const char* sendSlot;
     const char* operation;
     const char* ok;

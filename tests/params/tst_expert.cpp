@@ -14,7 +14,7 @@ namespace {
 struct Row {
     const char* name;
     const char* slider;
-    const char* box;
+    const char* spinBox;
     std::int32_t ombrix_sdk::ISdkConfiguration::*value;
     std::int32_t ombrix_sdk::ISdkConfiguration::*minimum;
     std::int32_t ombrix_sdk::ISdkConfiguration::*maximum;
@@ -108,7 +108,7 @@ private Q_SLOTS:
         QCOMPARE(slider.tickInterval(), 1);
         QCOMPARE(slider.singleStep(), 1);
         QCOMPARE(slider.pageStep(), 10);
-        const auto& box = user.find<QDoubleSpinBox>(row->box);
+        const auto& box = user.find<QDoubleSpinBox>(row->spinBox);
         QCOMPARE(box.minimum(), row->boxHasLimits ? -7.0 : 0.0);
         QCOMPARE(box.maximum(), row->boxHasLimits ? 1234.0 : 4294967296.0);
         QCOMPARE(box.value(), 321.0);
@@ -147,7 +147,7 @@ private Q_SLOTS:
         configuration.*row->maximum = 50;
         configuration.*row->value = value;
         QCOMPARE(user.sliderValue(row->slider), slider);
-        QCOMPARE(user.text(row->box), box);
+        QCOMPARE(user.text(row->spinBox), box);
     }
 
     // Inverted limits leave the lower one as the only value.
@@ -173,7 +173,7 @@ private Q_SLOTS:
         user.sdk.camera.*row->state = 17;
         connectExpert(user);
         QCOMPARE(user.sliderValue(row->slider), 20);
-        QCOMPARE(user.text(row->box),
+        QCOMPARE(user.text(row->spinBox),
                  row->boxHasLimits ? QStringLiteral("20") : QStringLiteral("17"));
     }
 
@@ -191,8 +191,9 @@ private Q_SLOTS:
         QCOMPARE(user.find<QSlider>(row->slider).minimum(), 100);
         QCOMPARE(user.find<QSlider>(row->slider).maximum(), 200);
         QCOMPARE(user.sliderValue(row->slider), 150);
-        QCOMPARE(user.text(row->box), QStringLiteral("150"));
-        QCOMPARE(user.find<QDoubleSpinBox>(row->box).minimum(), row->boxHasLimits ? 100.0 : 0.0);
+        QCOMPARE(user.text(row->spinBox), QStringLiteral("150"));
+        QCOMPARE(user.find<QDoubleSpinBox>(row->spinBox).minimum(),
+                 row->boxHasLimits ? 100.0 : 0.0);
     }
 
     void everyConnectionSetsTheSlidersUpAgain_data() { everyRow(); }
@@ -207,7 +208,7 @@ private Q_SLOTS:
         slider.setTickInterval(3);
         slider.setSingleStep(3);
         slider.setPageStep(3);
-        auto& box = user.find<QDoubleSpinBox>(row->box);
+        auto& box = user.find<QDoubleSpinBox>(row->spinBox);
         box.setSingleStep(3.0);
         disconnectAndConnect(user);
         QVERIFY(slider.isEnabled());
@@ -341,7 +342,7 @@ private Q_SLOTS:
                       QStringLiteral("log 2: End reading camera expert parameters")}));
         QStringList shown;
         for (const Row& row : rows) {
-            shown << QString::number(user.sliderValue(row.slider)) << user.text(row.box);
+            shown << QString::number(user.sliderValue(row.slider)) << user.text(row.spinBox);
         }
         QCOMPARE(shown, kit::lines({"3", "3", "77", "77", "11", "11", "13", "13"}));
     }
@@ -421,7 +422,7 @@ private Q_SLOTS:
             QStringList(QStringLiteral("%1 value = %2").arg(QLatin1String(row->name)).arg(value)));
         QCOMPARE(user.sliderValue(row->slider), slider);
         // The box without limits shows what the camera has.
-        QCOMPARE(user.text(row->box),
+        QCOMPARE(user.text(row->spinBox),
                  row->boxHasLimits ? QString::number(slider) : QString::number(value));
     }
 

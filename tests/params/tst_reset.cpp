@@ -245,8 +245,8 @@ private Q_SLOTS:
         QVERIFY(!user.checked("verticalFlipButton"));
     }
 
-    void anAcceptedDefaultTurnsMarkAndCaption_data() { everyMark(); }
-    void anAcceptedDefaultTurnsMarkAndCaption()
+    void anAcceptedDefaultTurnsCheckStateAndCaption_data() { everyMark(); }
+    void anAcceptedDefaultTurnsCheckStateAndCaption()
     {
         QFETCH(const Row*, mark);
         QFETCH(bool, on);
@@ -260,8 +260,8 @@ private Q_SLOTS:
         QCOMPARE(user.text(mark->button), mark->shown(on));
     }
 
-    void aRefusedDefaultLeavesMarkAndCaptionAtOdds_data() { everyMark(); }
-    void aRefusedDefaultLeavesMarkAndCaptionAtOdds()
+    void aRefusedDefaultLeavesCheckStateAndCaptionAtOdds_data() { everyMark(); }
+    void aRefusedDefaultLeavesCheckStateAndCaptionAtOdds()
     {
         QFETCH(const Row*, mark);
         QFETCH(bool, on);

@@ -424,7 +424,7 @@ QStringList with(const Refusal& refusal, QStringList sequence)
     return sequence;
 }
 
-/// A refused frame rate is asked for again by the apply, which takes the test pattern's mark away.
+/// A refused frame rate is asked for again by the apply, which unchecks the test pattern.
 QStringList withRefusedFrameRate(QStringList sequence)
 {
     sequence = with({"camera.setFrameRate", "Set FRAME RATE value KO"}, sequence);

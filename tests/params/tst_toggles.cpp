@@ -78,8 +78,8 @@ private Q_SLOTS:
         QCOMPARE(user.sdk.count("OmbrixSdk.get_instance"), 1);
     }
 
-    void aRefusedToggleKeepsMarkAndCaptionAtOdds_data() { everyRowBothWays(); }
-    void aRefusedToggleKeepsMarkAndCaptionAtOdds()
+    void aRefusedToggleKeepsCheckStateAndCaptionAtOdds_data() { everyRowBothWays(); }
+    void aRefusedToggleKeepsCheckStateAndCaptionAtOdds()
     {
         QFETCH(const Toggle*, toggle);
         QFETCH(bool, on);
@@ -95,8 +95,8 @@ private Q_SLOTS:
                          toggle->call(on), QStringLiteral("log 2: ") + QLatin1String(toggle->ko)}));
     }
 
-    void afterARefusalTheNextReadBringsMarkAndCaptionTogether_data() { everyRowBothWays(); }
-    void afterARefusalTheNextReadBringsMarkAndCaptionTogether()
+    void afterARefusalTheNextReadBringsCheckStateAndCaptionTogether_data() { everyRowBothWays(); }
+    void afterARefusalTheNextReadBringsCheckStateAndCaptionTogether()
     {
         QFETCH(const Toggle*, toggle);
         QFETCH(bool, on);

@@ -134,10 +134,10 @@ private Q_SLOTS:
         QFETCH(const Value*, value);
         kit::Operator user;
         connectCamera(user);
-        const QString before = user.text(value->box);
+        const QString before = user.text(value->spinBox);
         const int reached = user.dragAndRelease(value->slider, value->target);
-        user.type(value->box, before.toLatin1(), Qt::Key_Return);
-        user.press(value->box, Qt::Key_Tab);
+        user.type(value->spinBox, before.toLatin1(), Qt::Key_Return);
+        user.press(value->spinBox, Qt::Key_Tab);
         QCOMPARE(user.calls(), QStringList({value->sent(reached), QLatin1String(value->asRead),
                                             QLatin1String(value->asRead)}));
         QCOMPARE(user.newLog(), kit::lines({value->ok, value->ok, value->ok}));
@@ -150,11 +150,11 @@ private Q_SLOTS:
         kit::Operator user;
         connectCamera(user);
         user.press(value->slider, Qt::Key_Right);
-        QCOMPARE(user.text(value->box), QString::fromLatin1(value->oneKeyOn));
+        QCOMPARE(user.text(value->spinBox), QString::fromLatin1(value->oneKeyOn));
         const int afterKey = user.sliderValue(value->slider);
         user.wheel(value->slider, -1);
         QVERIFY(user.sliderValue(value->slider) < afterKey);
-        QVERIFY(user.text(value->box) != QLatin1String(value->oneKeyOn));
+        QVERIFY(user.text(value->spinBox) != QLatin1String(value->oneKeyOn));
         user.press(value->slider, Qt::Key_Tab);
         QCOMPARE(user.calls(), QStringList());
         QCOMPARE(user.newLog(), QStringList());
@@ -181,7 +181,7 @@ private Q_SLOTS:
         connectCamera(user);
         user.press(value->slider, Qt::Key_Home);
         const int moved = user.sliderValue(value->slider);
-        user.press(value->box, Qt::Key_Tab);
+        user.press(value->spinBox, Qt::Key_Tab);
         QCOMPARE(user.calls(), QStringList(value->sent(moved)));
     }
 
@@ -262,7 +262,7 @@ private Q_SLOTS:
             const QSignalBlocker noMirror(slider);
             slider.setValue(value->target);
         }
-        user.press(value->box, Qt::Key_Tab);
+        user.press(value->spinBox, Qt::Key_Tab);
         QCOMPARE(user.calls(), line(value->asRead));
     }
 
@@ -303,12 +303,12 @@ private Q_SLOTS:
         connectCamera(user);
         user.sdk.answer(value->operation, 0);
         const int reached = user.dragAndRelease(value->slider, value->target);
-        const QString shown = user.text(value->box);
-        user.press(value->box, Qt::Key_Return);
+        const QString shown = user.text(value->spinBox);
+        user.press(value->spinBox, Qt::Key_Return);
         QCOMPARE(user.calls(), QStringList({value->sent(reached), value->sent(reached)}));
         QCOMPARE(user.newLog(), kit::lines({value->ko, value->ko}));
         QCOMPARE(user.sliderValue(value->slider), reached);
-        QCOMPARE(user.text(value->box), shown);
+        QCOMPARE(user.text(value->spinBox), shown);
     }
 
     void anyByteButZeroIsSuccess_data() { everyValue(); }
@@ -328,11 +328,11 @@ private Q_SLOTS:
         QFETCH(const Value*, value);
         kit::Operator user;
         connectCamera(user);
-        const QString before = user.text(value->box);
+        const QString before = user.text(value->spinBox);
         const int position = user.sliderValue(value->slider);
         user.find<QSlider>(value->slider).setValue(value->target);
-        QVERIFY(user.text(value->box) != before);
-        QVERIFY(user.widget(value->box).setProperty("value", before));
+        QVERIFY(user.text(value->spinBox) != before);
+        QVERIFY(user.widget(value->spinBox).setProperty("value", before));
         QCOMPARE(user.sliderValue(value->slider), position);
         QCOMPARE(user.calls(), QStringList());
         QCOMPARE(user.newLog(), QStringList());
@@ -364,7 +364,7 @@ private Q_SLOTS:
         // The tabs are locked, so no mouse and no key gets there: the signals come from code.
         for (const Value& value : pairrows::rows) {
             QVERIFY(QMetaObject::invokeMethod(&user.widget(value.slider), "sliderReleased"));
-            QVERIFY(QMetaObject::invokeMethod(&user.widget(value.box), "editingFinished"));
+            QVERIFY(QMetaObject::invokeMethod(&user.widget(value.spinBox), "editingFinished"));
         }
         for (const QString& slot : sendSlots()) {
             QVERIFY(QMetaObject::invokeMethod(&user.window(), qPrintable(slot)));
@@ -380,7 +380,7 @@ private Q_SLOTS:
         kit::Operator user;
         connectCamera(user);
         QVERIFY(QMetaObject::invokeMethod(&user.widget(value->slider), "sliderReleased"));
-        QVERIFY(QMetaObject::invokeMethod(&user.widget(value->box), "editingFinished"));
+        QVERIFY(QMetaObject::invokeMethod(&user.widget(value->spinBox), "editingFinished"));
         QCOMPARE(user.calls(), kit::lines({value->asRead, value->asRead}));
     }
 

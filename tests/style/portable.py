@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Refuses what g++ takes and the Windows compiler does not. Every rule first proves itself on lines
+"""Refuses what g++ takes and MSVC does not. Every rule first proves itself on lines
 of its own: those that it must refuse and those that it must let pass.
 
 usage: portable.py SOURCE_DIR
@@ -18,7 +18,7 @@ ALGORITHM = (r"std::(?:ranges::)?(?:(?:find|search|adjacent_find|lower_bound|upp
              r"|next|prev|c?r?begin|c?r?end)(?:_if(?:_not)?|_first_of|_end|_n|_backward)?)\(")
 MEMBER = r"[\w.>\[\]()-]+(?:\.|->)c?r?(?:begin|end)\(\)"
 
-# Functions that the Windows compiler's <cmath> declares outside of std, whatever was included.
+# Functions that MSVC's <cmath> declares outside of std, whatever was included.
 MATH = "nan|j0|j1|jn|y0|y1|yn|gamma|hypot|round|trunc|log2|exp2|remainder"
 
 
@@ -134,7 +134,7 @@ def main():
                     if not re.match(rule.not_in, relative):
                         wrong += [f"{relative}:{text.count(chr(10), 0, at) + 1}: {rule.says}"
                                   for at in rule.places(text)]
-    print("\n".join(wrong) if wrong else f"{files} files: nothing that the Windows compiler refuses.")
+    print("\n".join(wrong) if wrong else f"{files} files: nothing that MSVC refuses.")
     return 1 if wrong or not files else 0
 
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tour/hands.h"
+#include "tour/input.h"
 
 extern "C" {
 #include <xdo.h>
@@ -23,39 +23,39 @@ void require(int result)
 
 } // namespace
 
-void Hands::Release::operator()(xdo* display) const
+void Input::Release::operator()(xdo* display) const
 {
     xdo_free(display);
 }
 
-Hands::Hands() : display(xdo_new(nullptr))
+Input::Input() : display(xdo_new(nullptr))
 {
     if (!display) {
         throw std::runtime_error("no X display can be reached");
     }
 }
 
-void Hands::movePointer(QPoint position)
+void Input::movePointer(QPoint position)
 {
     require(xdo_move_mouse(display.get(), position.x(), position.y(), 0));
 }
 
-void Hands::pressButton()
+void Input::pressButton()
 {
     require(xdo_mouse_down(display.get(), CURRENTWINDOW, leftButton));
 }
 
-void Hands::releaseButton()
+void Input::releaseButton()
 {
     require(xdo_mouse_up(display.get(), CURRENTWINDOW, leftButton));
 }
 
-void Hands::strike(const char* keys)
+void Input::strike(const char* keys)
 {
     require(xdo_send_keysequence_window(display.get(), CURRENTWINDOW, keys, betweenKeys));
 }
 
-void Hands::type(const QString& text)
+void Input::type(const QString& text)
 {
     require(xdo_enter_text_window(display.get(), CURRENTWINDOW, text.toUtf8().constData(),
                                   betweenKeys));

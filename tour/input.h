@@ -12,10 +12,10 @@ struct xdo;
 
 namespace tour {
 
-class Hands {
+class Input {
 public:
     /// Throws std::runtime_error when the display of the environment cannot be reached.
-    Hands();
+    Input();
 
     void movePointer(QPoint position);
     void pressButton();
