@@ -285,14 +285,14 @@ class TestConnections : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void theTableHasOneHundredAndSevenRows()
+    void besideTheSwitchesTheTableHasNinetyFourRows()
     {
-        int rows = 1; // the timer
+        int rows = 1 - static_cast<int>(std::size(switchrows::rows)); // the timer
         const auto counts = connectionCounts();
         for (const int count : counts) {
             rows += count;
         }
-        QCOMPARE(rows, 107);
+        QCOMPARE(rows, 94);
     }
 
     void eachSignalIsConnectedAsOftenAsTheTableSays()
