@@ -5,7 +5,7 @@
 #define TOML_ENABLE_FORMATTERS 0
 
 #if defined(__clang__)
-// In the mode of the Windows compiler it knows fewer of that compiler's pragmas.
+// In MSVC mode it knows fewer of that compiler's pragmas.
 #    pragma clang diagnostic push
 #    pragma clang diagnostic ignored "-Wunknown-pragmas"
 #endif
