@@ -37,6 +37,8 @@ install(FILES ${PROJECT_SOURCE_DIR}/simulator/simulator.example.ini
     DESTINATION ${document_dir}/examples)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/simulator/plans DESTINATION ${document_dir}/examples)
 
+include(TavrelDevelopment)
+
 string(TOLOWER ${CMAKE_SYSTEM_NAME} system)
 set(CPACK_PACKAGE_FILE_NAME tavrel-${PROJECT_VERSION}-${system}-${CMAKE_SYSTEM_PROCESSOR})
 set(CPACK_GENERATOR DEB TGZ)
@@ -46,23 +48,33 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/linux/stage.cmake)
 
+# The program, and what a program of somebody's own is made with: two packages, one archive.
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL Unspecified development)
+set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_NAME tavrel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libombrix-sdk-dev)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 # What the package depends on is this release's; the one for the next release replaces it.
 cmake_host_system_information(RESULT distribution QUERY DISTRIB_ID)
 cmake_host_system_information(RESULT release QUERY DISTRIB_VERSION_ID)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1~${distribution}${release})
 set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
+    "tavrel (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 # The SVG pictures on the buttons are drawn by a plugin, which no library list names.
 if(TAVREL_QT EQUAL 5)
-    set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt5svg5)
+    set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_DEPENDS libqt5svg5)
 else()
     # Until Debian 12 the plugin came with its library.
-    set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-svg-plugins | libqt6svg6 (<< 6.6)")
+    set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_DEPENDS "qt6-svg-plugins | libqt6svg6 (<< 6.6)")
 endif()
-set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-"The camera of this package is simulated: one answers on every serial port, and
+# Each package has a first line of its own.
+set(CPACK_COMPONENT_UNSPECIFIED_DESCRIPTION
+"${CPACK_PACKAGE_DESCRIPTION_SUMMARY}
+The camera of this package is simulated: one answers on every serial port, and
 nothing is sent to a real one. A real camera is reached through its vendor's
 SDK library, which is not part of this package; the manual page says how to
 put it in front.
@@ -70,5 +82,13 @@ put it in front.
 Desktop tool with which an operator configures an Ombrix KV thermal infrared
 camera: scan the serial ports, connect, then read, change and write its image
 parameters and its bad pixel replacement table.")
+set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
+"SDK of the Ombrix KV cameras, with a simulated camera (development files)
+Headers, CMake package and pkg-config file of the SDK of the Ombrix KV cameras,
+for programs that are written and tested with the simulated camera of the
+package tavrel; with its manual, examples of settings and plans of faults, and
+an example program. Any other library with the same binary interface, such as
+the camera vendor's, takes the simulated one's place without a new build.")
+unset(CPACK_PACKAGE_DESCRIPTION_SUMMARY)
 # For packaging/linux/stage.cmake, which runs when packages are made.
 set(CPACK_TAVREL_RELEASE_DATE ${TAVREL_RELEASE_DATE})

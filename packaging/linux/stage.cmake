@@ -3,23 +3,29 @@
 # expects, and gives every file the same time, so that the same sources give the same package.
 set(tree ${CPACK_TEMPORARY_INSTALL_DIRECTORY})
 
-if(CPACK_GENERATOR STREQUAL DEB)
-    set(documents ${tree}/usr/share/doc/tavrel)
+# debian_documents(tree package): the documents of a package as Debian has them.
+function(debian_documents tree package)
+    set(documents ${tree}/usr/share/doc/${package})
     file(RENAME ${documents}/CHANGELOG.md ${documents}/changelog)
     execute_process(COMMAND date --utc --rfc-email --date "${CPACK_TAVREL_RELEASE_DATE} 12:00"
         OUTPUT_VARIABLE date OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
     set(version ${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
     file(WRITE ${documents}/changelog.Debian
-"tavrel (${version}) unstable; urgency=medium
+"${package} (${version}) unstable; urgency=medium
 
   * Package of version ${CPACK_PACKAGE_VERSION}; what is new stands in changelog.gz.
 
  -- ${CPACK_PACKAGE_CONTACT}  ${date}
 ")
+    file(GLOB pages ${tree}/usr/share/man/man1/*.1)
     execute_process(
-        COMMAND gzip -9n ${documents}/changelog ${documents}/changelog.Debian
-                ${tree}/usr/share/man/man1/tavrel.1 ${tree}/usr/share/man/man1/tavrelctl.1
+        COMMAND gzip -9n ${documents}/changelog ${documents}/changelog.Debian ${pages}
         COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+if(CPACK_GENERATOR STREQUAL DEB)
+    debian_documents(${tree}/Unspecified tavrel)
+    debian_documents(${tree}/development libombrix-sdk-dev)
 endif()
 
 if(DEFINED ENV{SOURCE_DATE_EPOCH})

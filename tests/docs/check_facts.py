@@ -19,7 +19,7 @@ BEGINNINGS = [
     ("packaging/linux/tavrel.1.in", ".SH DESCRIPTION\n"),
     ("packaging/linux/tavrel.desktop", "Comment="),
     ("packaging/linux/example.halvorn.tavrel.metainfo.xml.in", "<description>\n"),
-    ("cmake/TavrelPackageLinux.cmake", "CPACK_DEBIAN_PACKAGE_DESCRIPTION\n"),
+    ("cmake/TavrelPackageLinux.cmake", "CPACK_COMPONENT_UNSPECIFIED_DESCRIPTION\n"),
     ("packaging/windows/notes.txt.in", "=\n\n"),
 ]
 FIRST = 330  # characters

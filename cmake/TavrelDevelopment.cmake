@@ -1,0 +1,46 @@
+# SPDX-License-Identifier: MIT
+# What is installed for programs of other people that use the SDK: headers, a CMake package, a file for
+# pkg-config, documents and examples.
+set(TAVREL_SDK_HEADERS ${CMAKE_INSTALL_INCLUDEDIR}/ombrix-sdk)
+set(TAVREL_SDK_DOCUMENTS ${CMAKE_INSTALL_DATADIR}/doc/libombrix-sdk-dev)
+set(cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/OmbrixSdk)
+set(pkgconfig_dir ${CMAKE_INSTALL_DATADIR}/pkgconfig)
+# Relative, so that the tree works under any prefix and after it was moved.
+file(RELATIVE_PATH TAVREL_PREFIX_FROM_CMAKE /${cmake_dir} /)
+file(RELATIVE_PATH TAVREL_PREFIX_FROM_PKGCONFIG /${pkgconfig_dir} /)
+
+set(development ${PROJECT_SOURCE_DIR}/packaging/development)
+set(generated ${PROJECT_BINARY_DIR}/packaging)
+configure_file(${development}/OmbrixSdkConfig.cmake.in ${generated}/OmbrixSdkConfig.cmake @ONLY)
+configure_file(${development}/ombrix-sdk.pc.in ${generated}/ombrix-sdk.pc @ONLY)
+include(CMakePackageConfigHelpers)
+write_basic_package_version_file(${generated}/OmbrixSdkConfigVersion.cmake
+    COMPATIBILITY SameMajorVersion)
+
+# The simulator's page speaks of the sources; here its files lie beside it.
+file(READ ${PROJECT_SOURCE_DIR}/docs/simulator.md page)
+string(REPLACE "`build/lib/libombrix.sdk.so`" "`${TAVREL_SDK_DIR}/libombrix.sdk.so`" page "${page}")
+string(REPLACE "../simulator/simulator.example.ini" "examples/simulator.example.ini" page "${page}")
+string(REPLACE "in `simulator/plans`" "in `examples/plans`" page "${page}")
+file(CONFIGURE OUTPUT ${generated}/simulator.md CONTENT "${page}" @ONLY)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
+    ${PROJECT_SOURCE_DIR}/docs/simulator.md)
+
+install(FILES ${PROJECT_SOURCE_DIR}/sdk/ombrix_sdk.h
+    DESTINATION ${TAVREL_SDK_HEADERS}/sdk COMPONENT development)
+install(FILES ${PROJECT_SOURCE_DIR}/simulator/control.h
+    DESTINATION ${TAVREL_SDK_HEADERS}/simulator COMPONENT development)
+install(FILES ${generated}/OmbrixSdkConfig.cmake ${generated}/OmbrixSdkConfigVersion.cmake
+    DESTINATION ${cmake_dir} COMPONENT development)
+install(FILES ${generated}/ombrix-sdk.pc DESTINATION ${pkgconfig_dir} COMPONENT development)
+install(FILES
+    ${PROJECT_SOURCE_DIR}/packaging/linux/copyright
+    ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+    ${PROJECT_SOURCE_DIR}/docs/sdk-development.md
+    ${PROJECT_SOURCE_DIR}/docs/simulator-reference.md
+    ${generated}/simulator.md
+    DESTINATION ${TAVREL_SDK_DOCUMENTS} COMPONENT development)
+install(FILES ${PROJECT_SOURCE_DIR}/simulator/simulator.example.ini
+    DESTINATION ${TAVREL_SDK_DOCUMENTS}/examples COMPONENT development)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/simulator/plans ${development}/program
+    DESTINATION ${TAVREL_SDK_DOCUMENTS}/examples COMPONENT development)
