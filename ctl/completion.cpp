@@ -2,23 +2,12 @@
 #include "ctl/completion.h"
 
 #include "ctl/grammar.h"
+#include "ctl/session.h"
 #include "params/parameters.h"
-
-#include <QtSerialPort/QSerialPortInfo>
 
 namespace tavrel::ctl {
 
 namespace {
-
-QStringList portNames()
-{
-    QStringList names;
-    const QList<QSerialPortInfo> ports = QSerialPortInfo::availablePorts();
-    for (const QSerialPortInfo& port : ports) {
-        names.append(port.portName());
-    }
-    return names;
-}
 
 /// The command that stands in these words, and how many of them it takes.
 const Task* taskIn(const QStringList& words, int& length)

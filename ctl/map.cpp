@@ -42,7 +42,8 @@ std::vector<std::vector<Pixel>> clustersOf(const Map& map)
     std::vector<std::vector<Pixel>> clusters;
     std::vector<bool> seen(std::size_t{bpr::pixelCount});
     const auto take = [&](Pixel pixel) {
-        const auto index = static_cast<std::size_t>(pixel.y * bpr::width + pixel.x);
+        const auto index = std::size_t{bpr::width} * static_cast<std::size_t>(pixel.y) +
+                           static_cast<std::size_t>(pixel.x);
         const bool isNew = map.isBad(pixel.x, pixel.y) && !seen[index];
         seen[index] = true;
         return isNew;

@@ -55,7 +55,7 @@ QByteArray contentOf(const QString& file)
     if (opened.size() > most) {
         refuse(file, 0, QStringLiteral("is too large for a profile"));
     }
-    const QByteArray content = opened.readAll();
+    QByteArray content = opened.readAll();
     if (content.trimmed().isEmpty()) {
         refuse(file, 0, QStringLiteral("is empty"));
     }
@@ -111,7 +111,7 @@ void readSection(Profile& profile, const Section& section, const toml::table& ta
     }
 }
 
-void readTable(Profile& profile, const toml::table& table)
+void readContent(Profile& profile, const toml::table& table)
 {
     const toml::node* const format = table.get("format");
     if (format == nullptr || !format->is_integer()) {
@@ -214,8 +214,8 @@ Profile readProfile(const QString& file)
     const QByteArray content = contentOf(file);
     Profile profile{file, {}, Values(parameters().size()), std::vector<int>(parameters().size())};
     try {
-        readTable(profile, toml::parse(std::string_view(content.constData(),
-                                                        static_cast<std::size_t>(content.size()))));
+        readContent(profile, toml::parse(std::string_view(
+                                 content.constData(), static_cast<std::size_t>(content.size()))));
     } catch (const toml::parse_error& error) {
         refuse(file, static_cast<int>(error.source().begin.line), textOf(error.description()));
     }

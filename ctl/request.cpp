@@ -24,7 +24,7 @@ const char* groupDescription(const std::string& name)
                                : "A map file, without a camera.";
 }
 
-QString textOf(const std::string& bytes)
+QString fromLocal(const std::string& bytes)
 {
     return QString::fromLocal8Bit(bytes.c_str());
 }
@@ -148,15 +148,15 @@ std::variant<Request, int> requestOf(int argc, char** argv)
         if (error.get_exit_code() == 0) {
             return app.exit(error);
         }
-        complain(textOf(error.what()) + QStringLiteral("\nTry 'tavrelctl --help'."));
+        complain(fromLocal(error.what()) + QStringLiteral("\nTry 'tavrelctl --help'."));
         return static_cast<int>(Status::Usage);
     }
     Request& request = parsed.request;
     request.task = QLatin1String(wanted->name);
-    request.port = textOf(parsed.port);
-    request.picture = textOf(parsed.picture);
+    request.port = fromLocal(parsed.port);
+    request.picture = fromLocal(parsed.picture);
     for (const std::string& word : parsed.words) {
-        request.words.append(textOf(word));
+        request.words.append(fromLocal(word));
     }
     if (parsed.linkRate > 0) {
         request.linkRate = parsed.linkRate;

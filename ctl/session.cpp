@@ -19,6 +19,13 @@ namespace {
 /// Handed to the camera's connect; the SDK may keep it.
 struct ConnectionContext {};
 
+QString seconds(std::chrono::milliseconds time)
+{
+    return QString::number(static_cast<double>(time.count()) / 1000.0) + QStringLiteral(" s");
+}
+
+} // namespace
+
 QStringList portNames()
 {
     QStringList names;
@@ -28,13 +35,6 @@ QStringList portNames()
     }
     return names;
 }
-
-QString seconds(std::chrono::milliseconds time)
-{
-    return QString::number(static_cast<double>(time.count()) / 1000.0) + QStringLiteral(" s");
-}
-
-} // namespace
 
 ombrix_sdk::ISdkConfiguration& configuration()
 {

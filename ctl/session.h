@@ -25,6 +25,9 @@ struct SessionOptions {
     bool showsProgress = false; ///< a line on standard error that comes and goes
 };
 
+/// The serial ports of this machine.
+QStringList portNames();
+
 /// The SDK's settings; the SDK is ready to be used after the first call.
 ombrix_sdk::ISdkConfiguration& configuration();
 
@@ -43,7 +46,7 @@ public:
     template<typename Call> auto ask(const QString& what, Call call)
     {
         enter(what);
-        const auto result = call(*camera);
+        auto result = call(*camera);
         watch.end();
         return result;
     }

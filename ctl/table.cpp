@@ -83,7 +83,7 @@ void expectConsent(const Request& request, const QString& question)
 
 void expectWritten(const std::string& path)
 {
-    constexpr qint64 mapSize = qint64{bpr::pixelCount};
+    constexpr auto mapSize = qint64{bpr::pixelCount};
     const QString name = QFile::decodeName(path.c_str());
     if (QFile(name).size() != mapSize) {
         throw Failure(Status::Usage, QStringLiteral("%1 could not be written").arg(name));

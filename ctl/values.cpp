@@ -119,7 +119,7 @@ Status setParameters(const Request& request, Answer& answer)
 {
     Values wanted(parameters().size());
     for (const QString& word : request.words) {
-        const int sign = word.indexOf(QLatin1Char('='));
+        const auto sign = word.indexOf(QLatin1Char('='));
         if (sign < 1) {
             throw Failure(Status::Usage,
                           QStringLiteral("\"%1\" is not of the form NAME=VALUE").arg(word));
