@@ -214,7 +214,7 @@ private Q_SLOTS:
                  .arg(QString(60, QLatin1Char('x')))});
         row("a byte order mark", "\xEF\xBB\xBF[camera]\ngamma=2.2\n",
             {QStringLiteral("1: the file begins with a byte order mark, which is skipped")});
-        row("two byte order marks", "\xEF\xBB\xBF\xEF\xBB\xBF[camera]\ngamma=2.2\n",
+        row("three byte order marks", "\xEF\xBB\xBF\xEF\xBB\xBF\xEF\xBB\xBF[camera]\ngamma=2.2\n",
             {QStringLiteral("1: the file begins with a byte order mark, which is skipped")});
         row("a byte order mark and more", "\xEF\xBB\xBFgsk=1\n[camera]\ngamma=2.2\n",
             {QStringLiteral("1: the file begins with a byte order mark, which is skipped")});
