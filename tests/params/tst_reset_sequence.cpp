@@ -2,6 +2,7 @@
 // A whole reset, call by call and log line by log line.
 #include "tests/kit/sequence.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtCore/QTimer>
 
 namespace {
