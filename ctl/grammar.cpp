@@ -13,7 +13,7 @@ constexpr Task taskRows[] = {
     {"list",        "List every parameter: what it takes, and whether it can be read and set."},
     {"info",        "Show versions, serial numbers, operating time and temperatures.", Port::Needed},
     {"get",         "Show parameters; without names all that can be read.", Port::Needed, Words::Parameters, "NAME", 0, any},
-    {"set",         "Send values, read them back and say what the camera holds.", Port::Needed, Words::Assignments, "NAME=VALUE", 1, any},
+    {"set",         "Send values (NAME=VALUE), read them back and say what the camera holds.", Port::Needed, Words::Assignments, "ASSIGNMENT", 1, any},
     {"save",        "Save the camera's settings to a profile.", Port::Needed, Words::Files, "FILE", 1, 1},
     {"apply",       "Send what differs from a profile, read all of it back and compare.", Port::Needed, Words::Files, "FILE", 1, 1},
     {"diff",        "Compare a camera, or another profile, with a profile.", Port::Either, Words::Files, "FILE", 1, 2},

@@ -26,7 +26,7 @@ private Q_SLOTS:
         row("ttyUSB0 list", "list takes no port");
         row("ttyUSB0 get gama", "unknown parameter \"gama\"");
         row("ttyUSB0 get camera-baud-rate", "cannot be read");
-        row("ttyUSB0 set", "NAME=VALUE");
+        row("ttyUSB0 set", "ASSIGNMENT");
         row("ttyUSB0 set gamma", "not of the form NAME=VALUE");
         row("ttyUSB0 set =2", "not of the form NAME=VALUE");
         row("ttyUSB0 set gamma=2 gama=2", "unknown parameter \"gama\"");
