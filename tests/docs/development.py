@@ -43,6 +43,7 @@ def tried(tree, scratch):
     print("\n".join(wrong))
     environment = {name: value for name, value in os.environ.items()
                    if not name.startswith("TAVREL_SIMULATOR_")}
+    environment["CMAKE_GENERATOR"] = "Ninja"  # make is not installed for the tests
     environment["PKG_CONFIG_PATH"] = os.path.dirname(only(f"{tree}/**/ombrix-sdk.pc"))
     environment["CMAKE_PREFIX_PATH"] = os.path.dirname(
         os.path.dirname(os.path.dirname(environment["PKG_CONFIG_PATH"] + "/")))
