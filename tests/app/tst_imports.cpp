@@ -64,6 +64,14 @@ private Q_SLOTS:
                                   "ombrix_sdk::SDKLogger::SDKLogger(ombrix_sdk::severity_level)"),
                               QStringLiteral("ombrix_sdk::SDKLogger::~SDKLogger()")}));
     }
+
+    void theCommandLineLoadsNoLibraryOfAWindow()
+    {
+        const QString loaded = outputOf("ldd", {QStringLiteral(TAVREL_CTL)});
+        const QString libraries = QStringLiteral("libQt%1").arg(QT_VERSION_MAJOR);
+        QVERIFY2(loaded.contains(libraries + QStringLiteral("Core.so")), qPrintable(loaded));
+        QVERIFY2(!loaded.contains(libraries + QStringLiteral("Widgets.so")), qPrintable(loaded));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestImports)

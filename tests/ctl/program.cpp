@@ -72,6 +72,16 @@ Run Machine::run(const char* words)
     return run(QString::fromLatin1(words).split(QLatin1Char(' ')));
 }
 
+Run Machine::runOnTerminal(const char* streams, const char* words, const char* typed)
+{
+    const QStringList command{QStringLiteral(TAVREL_SOURCE_DIR "/tests/ctl/terminal.py"),
+                              QLatin1String(streams), QLatin1String(typed),
+                              QStringLiteral(TAVREL_CTL)};
+    const auto process = start(command + QString::fromLatin1(words).split(QLatin1Char(' ')),
+                               QStringLiteral("python3"));
+    return finish(*process);
+}
+
 void Machine::settings(const QByteArray& ini)
 {
     write("simulator.ini", ini);

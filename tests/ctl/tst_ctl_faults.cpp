@@ -277,6 +277,42 @@ private Q_SLOTS:
         QVERIFY(!run.output.contains(QLatin1Char('\x1b')));
         QVERIFY(!run.errors.contains(QLatin1Char('\x1b')));
     }
+
+    void aTerminalShowsInRedWhatNeedsALook()
+    {
+        Machine machine;
+        machine.plan("[setGamma]\ncalls=always\n");
+        const QString red = QStringLiteral("\x1b[31mrefused\x1b[0m");
+        const auto shown = [&](const char* words) {
+            const Run run = machine.runOnTerminal("1", words);
+            return run.status == 1 ? run.errors : QStringLiteral("status %1").arg(run.status);
+        };
+        QVERIFY2(shown("ttyUSB0 set gamma=2").contains(red),
+                 qPrintable(shown("ttyUSB0 set gamma=2")));
+        const QString json = shown("ttyUSB0 set gamma=2 --json");
+        QVERIFY2(json.startsWith(QLatin1Char('{')) && !json.contains(QLatin1Char('\x1b')),
+                 qPrintable(json));
+        machine.environment.insert(QStringLiteral("NO_COLOR"), QStringLiteral("1"));
+        const QString plain = shown("ttyUSB0 set gamma=2");
+        QVERIFY2(plain.contains(QStringLiteral("refused")) && !plain.contains(QLatin1Char('\x1b')),
+                 qPrintable(plain));
+    }
+
+    void aTerminalShowsWhatIsBeingAskedUntilTheAnswerIsThere()
+    {
+        Machine machine;
+        const Run run = machine.runOnTerminal("2", "ttyUSB0 get gamma clhe");
+        QCOMPARE(run.status, 0);
+        QCOMPARE(run.lines().size(), 2);
+        QVERIFY(!run.output.contains(QLatin1Char('\x1b')));
+        const QString erase = QStringLiteral("\r\x1b[K");
+        QStringList steps = run.errors.split(erase);
+        QCOMPARE(steps.takeFirst(), QString());
+        QCOMPARE(steps, (QStringList{QStringLiteral("opening the link"), QStringLiteral("greeting"),
+                                     QStringLiteral("versions"), QStringLiteral("refresh"),
+                                     QStringLiteral("gamma"), QStringLiteral("clhe"),
+                                     QStringLiteral("versions"), QString()}));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestFaults)

@@ -151,17 +151,7 @@ private Q_SLOTS:
         Machine machine;
         machine.run("ttyUSB0 table read");
         machine.calls();
-        // A terminal of its own: what is typed waits there until it is read.
-        const auto process = machine.start(
-            {QStringLiteral("-c"),
-             QStringLiteral("import os, pty, sys\n"
-                            "master, slave = pty.openpty()\nos.set_inheritable(master, True)\n"
-                            "os.write(master, sys.argv[1].encode() + b'\\n')\n"
-                            "os.dup2(slave, 0)\n"
-                            "os.execv(sys.argv[2], [sys.argv[2], 'ttyUSB0', 'table', 'write'])"),
-             QString::fromLatin1(answer), QStringLiteral(TAVREL_CTL)},
-            QStringLiteral("python3"));
-        const Run run = machine.finish(*process);
+        const Run run = machine.runOnTerminal("0", "ttyUSB0 table write", answer.constData());
         QVERIFY2(run.status == status, qPrintable(run.errors));
         QVERIFY2(
             run.errors.contains(QStringLiteral("bpr_SN20417.bin to the camera on ttyUSB0? [y/N]")),
