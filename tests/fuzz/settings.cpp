@@ -44,10 +44,10 @@ std::vector<int> linesOf(const QStringList& problems)
     return lines;
 }
 
-using Course = std::vector<std::tuple<bool, bool, bool, bool, qint64, std::optional<qint64>,
+using Course = std::vector<std::tuple<std::size_t, bool, bool, bool, qint64, std::optional<qint64>,
                                       QString, std::vector<double>>>;
 
-/// What becomes of the first calls of every operation; the problems that were told.
+/// What the plan does to the first calls of every operation; the problems that were told.
 Course courseOf(const QByteArray& content, QStringList& problems)
 {
     IniFile ini(name, content);
@@ -55,18 +55,19 @@ Course courseOf(const QByteArray& content, QStringList& problems)
     plan.read(ini);
     problems = plan.problems();
     Course course;
-    for (int call = 0; call < 3; ++call) {
-        for (std::size_t number = 0; number < operationCount; ++number) {
-            const Verdict verdict =
-                plan.judge({static_cast<Operation>(number), 20417, QStringLiteral("ttyUSB0")});
-            require(verdict.planned ||
-                        (verdict.carryOut && !verdict.hangUp && !verdict.lost && !verdict.value),
+    const QString port = QStringLiteral("ttyUSB0");
+    for (std::size_t call = 0; call < 3 * operationCount; ++call) {
+        const Verdict verdict =
+            plan.judge({static_cast<Operation>(call % operationCount), 20417, port});
+        if (verdict.planned) {
+            course.emplace_back(call, verdict.carryOut, verdict.hangUp, verdict.lost, verdict.delay,
+                                verdict.value, verdict.word, verdict.record);
+        } else {
+            require(verdict.carryOut && !verdict.hangUp && !verdict.lost && !verdict.value,
                     "what no rule hits is carried out");
-            course.emplace_back(verdict.planned, verdict.carryOut, verdict.hangUp, verdict.lost,
-                                verdict.delay, verdict.value, verdict.word, verdict.record);
         }
     }
-    course.emplace_back(false, false, false, false, plan.powerCycles(), std::nullopt, QString(),
+    course.emplace_back(0, false, false, false, plan.powerCycles(), std::nullopt, QString(),
                         std::vector<double>());
     return course;
 }
