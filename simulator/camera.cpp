@@ -94,32 +94,31 @@ bool isTableRegion(Operation operation, std::uint32_t offset, std::uint32_t leng
 } // namespace
 
 Camera::Camera(Device& openedDevice, std::uint32_t linkBaudRate, QString portName)
-    : device(openedDevice), serialNumber(openedDevice.get<std::uint32_t>(P::serialNumber)),
-      baudRate(linkBaudRate), port(std::move(portName))
+    : device(openedDevice), baudRate(linkBaudRate), port(std::move(portName))
 {}
 
 QString Camera::name() const
 {
-    return QStringLiteral("camera %1").arg(serialNumber);
+    return QStringLiteral("camera %1").arg(device.get<std::uint32_t>(P::serialNumber));
 }
 
 Camera::Passage Camera::enter(Operation operation, const std::array<qint64, 5>& arguments)
 {
-    planned = {};
     Simulator& simulator = Simulator::instance();
     if (!open) {
+        planned = {};
         simulator.log().misuse(
             QStringLiteral("%1 on a camera that is closed").arg(nameOf(operation)));
         return {.note = QStringLiteral("closed")};
     }
-    Verdict verdict = simulator.judge({operation, serialNumber, port, arguments});
-    const bool reached = simulator.reach(&device, baudRate, operation, verdict);
-    const QString note = Simulator::noteOf(reached, verdict);
+    planned =
+        simulator.judge({operation, device.get<std::uint32_t>(P::serialNumber), port, arguments});
+    const bool reached = simulator.reach(&device, baudRate, operation, planned);
+    const Passage passage{reached && planned.carryOut, Simulator::noteOf(reached, planned)};
     if (!reached) {
-        return {.note = note};
+        planned = {};
     }
-    planned = std::move(verdict);
-    return {planned.carryOut, note};
+    return passage;
 }
 
 void Camera::leave(Operation operation, const QStringList& arguments, const QString& answer,

@@ -58,7 +58,6 @@ private:
                    bool roi1Exclusive);
 
     Device& device;
-    std::uint32_t serialNumber;
     std::uint32_t baudRate;
     QString port;
     bool open = true;

@@ -47,6 +47,13 @@ Device::Device(CameraSettings factorySettings, const Surroundings& around)
     switchOn();
 }
 
+QString Device::description() const
+{
+    return QStringLiteral("[%1] serial number %2 on port %3")
+        .arg(factory.section, formatField(Kind::Word, get<double>(Parameter::serialNumber)),
+             factory.ports.join(QStringLiteral(", ")));
+}
+
 void Device::cyclePower()
 {
     for (const ParameterFacts& facts : parameterTable()) {
@@ -129,6 +136,17 @@ bool Device::set(std::initializer_list<std::pair<Parameter, double>> changes)
     }
     keep();
     return true;
+}
+
+void Device::impose(const std::vector<std::pair<Parameter, double>>& changes)
+{
+    for (const auto& [parameter, value] : changes) {
+        store(parameter, value);
+        if (parameter == Parameter::baudRate) {
+            currentBaudRate = as<std::uint32_t>(value);
+        }
+    }
+    keep();
 }
 
 bool Device::obey(Parameter parameter, double value)

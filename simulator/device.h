@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <utility>
+#include <vector>
 
 namespace simulator {
 
@@ -36,10 +37,15 @@ public:
     void passTime();
 
     [[nodiscard]] const CameraSettings& settings() const { return factory; }
+    /// Its section, serial number and ports in a line.
+    [[nodiscard]] QString description() const;
 
     /// A camera that hangs answers nothing until its power is switched off and on.
     [[nodiscard]] bool isHanging() const { return hanging; }
     void setHanging(bool on) { hanging = on; }
+    /// A camera that is pulled out keeps its power and its ports, and is reached by none of them.
+    [[nodiscard]] bool isPulledOut() const { return pulledOut; }
+    void setPulledOut(bool on) { pulledOut = on; }
 
     template<typename Type> [[nodiscard]] Type get(Parameter parameter) const
     {
@@ -49,6 +55,8 @@ public:
     bool set(Parameter parameter, double value);
     /// Sets all of the parameters or none.
     bool set(std::initializer_list<std::pair<Parameter, double>> changes);
+    /// Sets whatever a settings file may say, within the camera's own limits or not.
+    void impose(const std::vector<std::pair<Parameter, double>>& changes);
 
     /// Does what a command of the program asks for. False, and nothing changes, when the camera
     /// does not accept the value.
@@ -95,6 +103,7 @@ private:
     QByteArray table;
     std::uint32_t currentBaudRate = 0;
     bool hanging = false;
+    bool pulledOut = false;
     qint64 switchedOn = 0;     ///< time of the clock
     qint64 minutesCounted = 0; ///< since then
     qint64 nucEnd = 0;         ///< time of the clock

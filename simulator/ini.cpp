@@ -141,8 +141,9 @@ void IniFile::report(int line, const QString& text)
 {
     if (!messages.contains(line)) {
         messages.insert(
-            line, line == 0 ? QStringLiteral("%1: %2").arg(path, text)
-                            : QStringLiteral("%1:%2: %3").arg(path, QString::number(line), text));
+            line, path.isEmpty() ? text
+                  : line == 0    ? QStringLiteral("%1: %2").arg(path, text)
+                              : QStringLiteral("%1:%2: %3").arg(path, QString::number(line), text));
     }
 }
 

@@ -19,7 +19,8 @@ class IniFile {
 public:
     /// Reads the whole file; a file that cannot be read is a problem and empty.
     explicit IniFile(QString filePath);
-    /// The same of a content that is there already. filePath: as the messages name it.
+    /// The same of a content that is there already. filePath: as the messages name it; empty: they
+    /// name neither file nor line.
     IniFile(QString filePath, const QByteArray& content);
 
     /// The sections in their order; one that stands there twice counts where it stands first.

@@ -159,6 +159,16 @@ QString nameOf(Operation operation)
     return QString::fromLatin1(factsOf(operation).name);
 }
 
+std::optional<Operation> operationNamed(const QString& name)
+{
+    for (std::size_t number = 0; number < operationCount; ++number) {
+        if (name == QLatin1String(operationRows[number].name)) {
+            return static_cast<Operation>(number);
+        }
+    }
+    return std::nullopt;
+}
+
 std::optional<std::size_t> argumentNamed(Operation operation, const QString& name)
 {
     const QString declared = QString::fromLatin1(factsOf(operation).arguments);

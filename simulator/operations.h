@@ -45,6 +45,9 @@ const OperationFacts& factsOf(Operation operation);
 
 QString nameOf(Operation operation);
 
+/// The operation of a name, or nothing.
+std::optional<Operation> operationNamed(const QString& name);
+
 /// The place of an argument that is a number among the operation's arguments, or nothing when there
 /// is no such argument.
 std::optional<std::size_t> argumentNamed(Operation operation, const QString& name);

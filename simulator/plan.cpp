@@ -147,7 +147,7 @@ void Plan::setFile(const QString& path)
 
 bool Plan::refresh()
 {
-    if (file.isEmpty()) {
+    if (!isOn()) {
         return false;
     }
     const QFileInfo info(file);
@@ -180,6 +180,48 @@ void Plan::read(IniFile& ini)
             rules.push_back(*rule);
         }
     }
+    sortRules();
+    found = ini.problems();
+}
+
+QStringList Plan::put(IniFile& ini)
+{
+    std::vector<Rule> more;
+    const QStringList given = ini.sections();
+    for (const QString& section : given) {
+        if (const std::optional<Rule> rule = readRule(ini, section)) {
+            more.push_back(*rule);
+        }
+    }
+    QStringList problems = ini.problems();
+    if (given.isEmpty() && problems.isEmpty()) {
+        problems << QStringLiteral("there is no [section]");
+    }
+    if (problems.isEmpty()) {
+        std::for_each(given.begin(), given.end(),
+                      [this](const QString& section) { lift(section); });
+        rules.insert(rules.end(), more.begin(), more.end());
+        sortRules();
+    }
+    return problems;
+}
+
+bool Plan::lift(const QString& section)
+{
+    return std::erase_if(rules, [&](const Rule& rule) { return rule.section == section; }) > 0;
+}
+
+QStringList Plan::sections() const
+{
+    QStringList names;
+    for (const Rule& rule : rules) {
+        names << rule.section;
+    }
+    return names;
+}
+
+void Plan::sortRules()
+{
     // A lost connection beats every rule. A name without * is more exact than one with; then more
     // letters that are given, and then more conditions.
     std::stable_sort(rules.begin(), rules.end(), [](const Rule& left, const Rule& right) {
@@ -192,12 +234,12 @@ void Plan::read(IniFile& ini)
         };
         return exactness(left) > exactness(right);
     });
-    found = ini.problems();
 }
 
 std::optional<Plan::Rule> Plan::readRule(IniFile& ini, const QString& section) const
 {
     Rule rule;
+    rule.section = section;
     rule.pattern = patternOf(section);
     rule.calls = {{1, forEver}};
     rule.verdict.planned = true;

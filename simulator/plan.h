@@ -50,12 +50,22 @@ class Plan {
 public:
     /// Reads the plan for the first time; an empty path means no plan.
     void setFile(const QString& path);
+    /// Whether there is a plan at all, its file there or not.
+    [[nodiscard]] bool isOn() const { return !file.isEmpty(); }
     /// False while there is no such file: nothing fails then, and the file may come later.
     [[nodiscard]] bool isThere() const { return QFileInfo::exists(file); }
     /// Reads the plan again when the file has changed, and says whether it did.
     bool refresh();
     /// Takes the rules from a file that has been read.
     void read(IniFile& ini);
+    /// Adds the rules of a text that has been read, each in the place of the one of the same
+    /// section, or none of them when there is a mistake in it. Returns its problems.
+    QStringList put(IniFile& ini);
+    /// Takes the rule of a section away; false when there is none.
+    bool lift(const QString& section);
+    /// The sections of the rules that there are.
+    [[nodiscard]] QStringList sections() const;
+    [[nodiscard]] bool isEmpty() const { return rules.empty(); }
     /// The problems of the last reading, one line each.
     [[nodiscard]] const QStringList& problems() const { return found; }
     /// Grows when the cameras' power is to be switched off and on.
@@ -74,6 +84,7 @@ private:
     };
 
     struct Rule {
+        QString section;                        ///< as the file has it
         QString pattern;                        ///< name of an operation; * stands for any letters
         std::bitset<operationCount> operations; ///< those that the pattern matches
         std::optional<std::uint32_t> camera;    ///< only calls of this one
@@ -94,6 +105,8 @@ private:
     static void readValue(IniFile& ini, const QString& section, Rule& rule);
     static void readRecord(IniFile& ini, const QString& section, Rule& rule);
     void readTable(IniFile& ini, const QString& section, Rule& rule) const;
+    /// Puts the more exact rules first.
+    void sortRules();
 
     QString file;
     std::optional<std::pair<QDateTime, qint64>> lastState; ///< time and size of the file when read

@@ -16,6 +16,9 @@ QString reasonOfSilence(const Device* device, std::uint32_t baudRate, const Verd
     if (device == nullptr) {
         return QStringLiteral("no camera is plugged in there");
     }
+    if (device->isPulledOut()) {
+        return QStringLiteral("the camera is pulled out");
+    }
     if (verdict.lost) {
         return QStringLiteral("the connection is lost, by the plan");
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/simulator.h"
 
+#include <optional>
 #include <utility>
 
 namespace simulator {
@@ -26,6 +27,8 @@ void Simulator::restart()
     rootObject.releaseAll();
     devices.clear();
     timePiece = {};
+    faults = {};
+    callCounts = {};
     introduced = false;
     load();
 }
@@ -49,7 +52,7 @@ void Simulator::load()
         logWriter.problem(
             QStringLiteral("journal %1: %2; there is none").arg(settings.journalFile, reason));
     }
-    timePiece.setManual(settings.behaviour.manualClock);
+    timePiece.setSpeed(settings.behaviour.manualClock ? 0 : 1);
     powerCyclesDone = plan.powerCycles();
 
     memory.setFolder(settings.memoryFolder);
@@ -89,12 +92,8 @@ void Simulator::introduce()
                          .arg(named(settings.file, QStringLiteral("built in")),
                               named(settings.memoryFolder, QStringLiteral("off")), planName)
                          .arg(settings.behaviour.seed));
-    for (const CameraSettings& camera : settings.cameras) {
-        logWriter.notice(
-            QStringLiteral("[%1] serial number %2 on port %3")
-                .arg(camera.section)
-                .arg(camera.values[static_cast<std::size_t>(Parameter::serialNumber)], 0, 'f', 0)
-                .arg(camera.ports.join(QStringLiteral(", "))));
+    for (const auto& device : devices) {
+        logWriter.notice(device->description());
     }
 }
 
@@ -129,10 +128,7 @@ void Simulator::followPlan()
     }
     logWriter.notice(QStringLiteral("the plan has changed: %1").arg(settings.planFile));
     logWriter.problems(plan.problems());
-    // What the old plan broke must not outlive it.
-    for (const auto& device : devices) {
-        device->setHanging(false);
-    }
+    endHanging();
     if (plan.powerCycles() != powerCyclesDone) {
         powerCyclesDone = plan.powerCycles();
         logWriter.notice(QStringLiteral("the cameras' power goes off and on"));
@@ -140,12 +136,67 @@ void Simulator::followPlan()
     }
 }
 
+void Simulator::endHanging()
+{
+    for (const auto& device : devices) {
+        device->setHanging(false);
+    }
+}
+
+Device* Simulator::deviceNamed(const QString& name)
+{
+    const std::optional<double> number = parseField(Kind::Word, name);
+    Device* numbered = nullptr;
+    for (const auto& device : devices) {
+        if (device->settings().section == name) {
+            return device.get();
+        }
+        if (number && device->get<double>(Parameter::serialNumber) == *number) {
+            numbered = device.get();
+        }
+    }
+    return numbered;
+}
+
+QStringList Simulator::putFaults(IniFile& ini)
+{
+    if (settings.safe) {
+        return {QStringLiteral("no fault is put: safe mode")};
+    }
+    return faults.put(ini);
+}
+
+bool Simulator::liftFault(const QString& section)
+{
+    if (section.isEmpty()) {
+        faults = {};
+    } else if (!faults.lift(section)) {
+        return false;
+    }
+    endHanging();
+    return true;
+}
+
 Verdict Simulator::judge(const Call& call)
 {
-    followPlan();
-    Verdict verdict = plan.judge(call);
+    ++callCounts[static_cast<std::size_t>(call.operation)];
+    if (plan.isOn()) {
+        followPlan();
+    }
+    Verdict verdict = verdictOf(call);
     timePiece.wait(verdict.delay * microsecondsPerMillisecond);
     return verdict;
+}
+
+Verdict Simulator::verdictOf(const Call& call)
+{
+    if (!faults.isEmpty()) {
+        Verdict verdict = faults.judge(call);
+        if (verdict.planned) {
+            return verdict;
+        }
+    }
+    return plan.judge(call);
 }
 
 bool Simulator::reach(Device* device, std::uint32_t linkBaudRate, Operation operation,
@@ -160,7 +211,7 @@ bool Simulator::reach(Device* device, std::uint32_t linkBaudRate, Operation oper
     if (!factsOf(operation).transfer) {
         return true;
     }
-    if (device == nullptr || verdict.lost || device->isHanging() ||
+    if (device == nullptr || device->isPulledOut() || verdict.lost || device->isHanging() ||
         device->baudRate() != linkBaudRate) {
         timePiece.wait(settings.behaviour.timeout * microsecondsPerMillisecond);
         return false;

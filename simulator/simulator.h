@@ -16,6 +16,7 @@
 
 #include <QtCore/QString>
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -43,7 +44,26 @@ public:
     /// The camera that is plugged into the port, or null.
     Device* deviceAt(const QString& port);
 
-    /// What the plan wants of this call; its delay has passed.
+    /// The camera of a section of the settings, or else of a serial number; or null.
+    Device* deviceNamed(const QString& name);
+    /// The cameras in the order of the settings.
+    [[nodiscard]] const std::vector<std::unique_ptr<Device>>& cameras() const { return devices; }
+
+    /// Takes the faults of a text that has been read, before those of the plan. Returns why none of
+    /// it is taken.
+    QStringList putFaults(IniFile& ini);
+    /// Takes the fault of a section away, or all of them when it is empty. False when there is
+    /// none.
+    bool liftFault(const QString& section);
+    /// Sections of the faults that were put.
+    [[nodiscard]] QStringList faultSections() const { return faults.sections(); }
+    /// How often the operation has been called since the start.
+    [[nodiscard]] qint64 calls(Operation operation) const
+    {
+        return callCounts[static_cast<std::size_t>(operation)];
+    }
+
+    /// What plan and faults want of this call; its delay has passed.
     Verdict judge(const Call& call);
     /// Whether the call arrives at the camera, null when there is none, and its answer comes back.
     /// Takes the time that this takes. What needs no camera always arrives.
@@ -57,11 +77,16 @@ private:
     Simulator();
     void load();
     void followPlan();
+    Verdict verdictOf(const Call& call);
+    /// What the old rules broke must not outlive them.
+    void endHanging();
 
     Log logWriter;
     Clock timePiece;
     Journal journalWriter;
     Plan plan;
+    Plan faults; ///< put while the program runs
+    std::array<qint64, operationCount> callCounts{};
     Memory memory{logWriter};
     Settings settings;
     Configuration configurationObject;
