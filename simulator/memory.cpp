@@ -88,11 +88,20 @@ std::vector<Entry> savedEntries(const ConfigurationValues& values)
 
 void Memory::setFolder(const QString& path)
 {
-    folder = path;
-    if (!path.isEmpty() && !QDir().mkpath(path)) {
+    lock.giveBack();
+    folder.clear();
+    if (path.isEmpty()) {
+        return;
+    }
+    if (!QDir().mkpath(path)) {
         log.problem(
             QStringLiteral("memory folder %1: it cannot be made; nothing will be kept").arg(path));
-        folder.clear();
+    } else if (!lock.take(path)) {
+        log.problem(QStringLiteral("memory folder %1: another process uses it; nothing of it is "
+                                   "read, and nothing will be kept")
+                        .arg(path));
+    } else {
+        folder = path;
     }
 }
 

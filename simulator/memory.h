@@ -4,6 +4,7 @@
 #pragma once
 
 #include "simulator/configurationvalues.h"
+#include "simulator/folderlock.h"
 #include "simulator/parameters.h"
 
 #include <QtCore/QByteArray>
@@ -19,7 +20,8 @@ class Memory {
 public:
     explicit Memory(Log& messages) : log(messages) {}
 
-    /// Makes the folder where it is missing; when that fails, the memory stays off. An empty path
+    /// Makes the folder where it is missing. When that fails, or another process has the folder,
+    /// the memory stays off: two that write into it would undo each other's changes. An empty path
     /// switches it off.
     void setFolder(const QString& path);
     /// Deletes what is kept of a camera.
@@ -45,6 +47,7 @@ private:
 
     Log& log;
     QString folder;
+    FolderLock lock;
 };
 
 } // namespace simulator

@@ -418,6 +418,46 @@ private Q_SLOTS:
         run(variables + QStringList(QStringLiteral("TAVREL_SIMULATOR_FACTORY_FRESH=1")));
         QVERIFY(scene.journal().contains(QStringLiteral("camera 20417 getGamma() = 65536")));
     }
+
+    void aSecondProcessLeavesTheMemoryOfTheFirstAloneAndSaysSo_data()
+    {
+        QTest::addColumn<QStringList>("variables");
+        QTest::addColumn<int>("exitCode");
+        QTest::newRow("as it is") << QStringList() << 0;
+        QTest::newRow("factory fresh")
+            << QStringList(QStringLiteral("TAVREL_SIMULATOR_FACTORY_FRESH=1")) << 0;
+        QTest::newRow("strict") << QStringList(QStringLiteral("TAVREL_SIMULATOR_STRICT=1")) << 2;
+    }
+
+    void aSecondProcessLeavesTheMemoryOfTheFirstAloneAndSaysSo()
+    {
+        QFETCH(QStringList, variables);
+        QFETCH(int, exitCode);
+        Scene scene("[simulator]\nmemory=kept\n");
+        scene.camera().setGamma(144179);
+        QByteArray table(scene::regionSize, '\x11');
+        scene.camera().writeTableData(4096, 8192, 8, table.data());
+        const QString cameraFile = QStringLiteral("kept/camera-20417.ini");
+        const QByteArray before = scene.read(cameraFile);
+        QVERIFY(!before.isEmpty());
+        const Output second = run(variables);
+        QCOMPARE(second.exitCode, exitCode);
+        const QString told = QStringLiteral("problem  memory folder %1/kept: another process uses "
+                                            "it; nothing of it is read, and nothing will be kept")
+                                 .arg(QDir::currentPath());
+        QCOMPARE(withoutTime(second.standardError).filter(QStringLiteral("problem")),
+                 QStringList(told));
+        QCOMPARE(scene.read(cameraFile), before);
+        QCOMPARE(scene.read(QStringLiteral("kept/camera-20417.table")), table);
+        // The first goes on keeping what it does.
+        scene.camera().setGsk(19);
+        QVERIFY(scene.read(cameraFile).contains("gsk=19\n"));
+        // Whoever comes when it has ended has the folder.
+        scene.restart("[camera]\n");
+        const Output third = run({QStringLiteral("TAVREL_SIMULATOR_MEMORY=kept")});
+        QCOMPARE(withoutTime(third.standardError).filter(QStringLiteral("problem")), QStringList());
+        QVERIFY(scene.read(cameraFile).contains("gsk=19\n"));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestRecords)
