@@ -150,8 +150,13 @@ Status applyProfile(const Request& request, Answer& answer)
         // It ends with the old rate.
         wanted[pattern] = expected[pattern];
     }
+    const QString nothing = QStringLiteral("the camera holds all of %1 already").arg(profile.file);
     if (request.dryRun) {
-        show(answer, differences(held, expected, false));
+        const std::vector<Difference> found = differences(held, expected, false);
+        show(answer, found);
+        if (found.empty()) {
+            answer.line(nothing);
+        }
         return Status::Done;
     }
     std::vector<Result> results = exchange(session, wanted, held, expected);
@@ -161,7 +166,7 @@ Status applyProfile(const Request& request, Answer& answer)
     results.erase(std::remove_if(results.begin(), results.end(), unchanged), results.end());
     const bool good = report(answer, results);
     if (results.empty()) {
-        answer.line(QStringLiteral("the camera holds all of %1 already").arg(profile.file));
+        answer.line(nothing);
     }
     return good ? Status::Done : Status::Differs;
 }
