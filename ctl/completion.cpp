@@ -114,9 +114,9 @@ QStringList candidates(const QStringList& before, const QString& begun)
     return {};
 }
 
-QString escaped(const char* text)
+QString escaped(QString text)
 {
-    return QString::fromLatin1(text).replace(QLatin1Char('-'), QLatin1String("\\-"));
+    return text.replace(QLatin1Char('-'), QLatin1String("\\-"));
 }
 
 QString manualRange(const Parameter& parameter)
@@ -153,34 +153,26 @@ QString manualText()
 {
     QString text = QStringLiteral(".SH COMMANDS\n");
     for (const Task& task : tasks()) {
-        const QLatin1String port(task.port == Port::Needed   ? "PORT "
-                                 : task.port == Port::Either ? "[PORT] "
-                                                             : "");
-        text += QLatin1String(".TP\n") + port + QLatin1String("\\fB") + escaped(task.name) +
-                QLatin1String("\\fR");
-        if (task.shown != nullptr) {
-            text += QLatin1Char(' ') + escaped(task.shown);
-        }
-        text += QLatin1Char('\n') + escaped(task.description) + QLatin1Char('\n');
+        text += QStringLiteral(".TP\n.B %1\n%2\n")
+                    .arg(escaped(usageOf(task)), escaped(QLatin1String(task.description)));
     }
     text += QStringLiteral(".SH OPTIONS\n");
     for (const Option& option : options()) {
         text += QStringLiteral(".TP\n\\fB%1\\fR%2\n%3%4\n")
-                    .arg(escaped(option.name),
+                    .arg(escaped(QLatin1String(option.name)),
                          option.value != nullptr
                              ? QStringLiteral(" \\fI%1\\fR").arg(QLatin1String(option.value))
                              : QString(),
                          *option.task != '\0'
                              ? QStringLiteral("With \\fB%1\\fR: ").arg(QLatin1String(option.task))
                              : QString(),
-                         escaped(option.description));
+                         escaped(QLatin1String(option.description)));
     }
     text += QStringLiteral(".SH PARAMETERS\n");
     for (const Parameter& parameter : parameters()) {
         const bool readable = static_cast<bool>(commands()[parameter.command].read);
         text += QStringLiteral(".TP\n\\fB%1\\fR\n%2%3%4.\n")
-                    .arg(escaped(parameter.name),
-                         manualRange(parameter).replace(QLatin1Char('-'), QLatin1String("\\-")),
+                    .arg(escaped(QLatin1String(parameter.name)), escaped(manualRange(parameter)),
                          parameter.level == Level::Expert ? QStringLiteral("; expert") : QString(),
                          readable ? QString() : QStringLiteral("; cannot be read"));
     }

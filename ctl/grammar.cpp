@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/grammar.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace tavrel::ctl {
 
 namespace {
@@ -44,6 +47,28 @@ constexpr Option optionRows[] = {
 std::span<const Task> tasks()
 {
     return taskRows;
+}
+
+const Task* taskNamed(std::string_view name)
+{
+    const auto found = std::find_if(std::begin(taskRows), std::end(taskRows),
+                                    [name](const Task& task) { return task.name == name; });
+    return found != std::end(taskRows) ? &*found : nullptr;
+}
+
+QString usageOf(const Task& task)
+{
+    QString usage(QLatin1String(task.port == Port::Needed   ? "PORT "
+                                : task.port == Port::Either ? "[PORT] "
+                                                            : ""));
+    usage += QLatin1String(task.name);
+    const int shown = std::max({task.fewest, task.most, 1});
+    for (int word = 0; task.shown != nullptr && word < shown; ++word) {
+        const bool optional = word >= task.fewest;
+        usage += QLatin1String(optional ? " [" : " ") + QLatin1String(task.shown) +
+                 QLatin1String(task.most == any ? "..." : "") + QLatin1String(optional ? "]" : "");
+    }
+    return usage;
 }
 
 std::span<const Option> options()

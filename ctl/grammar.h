@@ -6,6 +6,7 @@
 #include "ctl/request.h"
 
 #include <span>
+#include <string_view>
 
 namespace tavrel::ctl {
 
@@ -26,6 +27,12 @@ struct Task {
 };
 
 std::span<const Task> tasks();
+
+/// The task with that name; null: there is none.
+const Task* taskNamed(std::string_view name);
+
+/// How a task is typed behind the program's name and options: "PORT get [NAME...]".
+QString usageOf(const Task& task);
 
 /// An option of one command, or of all ("").
 struct Option {

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +24,35 @@ const char* groupDescription(const std::string& name)
     return name.front() == 't' ? "The camera's table of bad pixels."
                                : "A map file, without a camera.";
 }
+
+/// Help whose first line shows a command as it is typed.
+class Help : public CLI::Formatter {
+public:
+    Help() { label("TEXT", ""); }
+
+    /// The first line shows the words of a command.
+    std::string make_positionals(const CLI::App* app) const override
+    {
+        return app->get_parent() == nullptr ? Formatter::make_positionals(app) : std::string();
+    }
+
+    std::string make_usage(const CLI::App* app, std::string name) const override
+    {
+        QString typed = QStringLiteral("[PORT] COMMAND");
+        if (const CLI::App* const parent = app->get_parent()) {
+            // Of the names only those of the commands: the program's is there already.
+            std::string command = app->get_name();
+            if (parent->get_parent() != nullptr) {
+                command = parent->get_name() + ' ' + command;
+            }
+            const Task* const task = taskNamed(command);
+            typed = task != nullptr ? usageOf(*task)
+                                    : QString::fromStdString("[PORT] " + command + " COMMAND");
+        }
+        return ("Usage: " + name.substr(0, name.find(' ')) + " [OPTIONS] " + typed.toStdString() +
+                "\n");
+    }
+};
 
 QString fromLocal(const std::string& bytes)
 {
@@ -105,12 +135,14 @@ void addTask(CLI::App& app, const Task& task, std::map<std::string, CLI::App*>& 
         CLI::App*& group = groups[name.substr(0, blank)];
         if (group == nullptr) {
             group = app.add_subcommand(name.substr(0, blank), groupDescription(name));
-            group->require_subcommand(1);
+            group->group("Commands");
+            group->require_subcommand(0, 1);
         }
         place = group;
         name.erase(0, blank + 1);
     }
     CLI::App* const command = place->add_subcommand(name, task.description);
+    command->group("Commands");
     command->callback([&wanted, &task] { wanted = &task; });
     if (task.words != Words::None) {
         constexpr int many = 1 << 20;
@@ -128,7 +160,9 @@ std::variant<Request, int> requestOf(int argc, char** argv)
     CLI::App app{"Configures Ombrix KV thermal infrared cameras on a serial port.", "tavrelctl"};
     app.fallthrough();
     app.allow_windows_style_options(false);
-    app.require_subcommand(1);
+    // That one is missing is told below, in words that name no "subcommand".
+    app.require_subcommand(0, 1);
+    app.formatter(std::make_shared<Help>());
     app.set_version_flag("-v,--version", std::string(productName) + ' ' + productVersion,
                          "Show the version.");
     app.set_help_flag("-h,--help", "Show this help.");
@@ -149,6 +183,10 @@ std::variant<Request, int> requestOf(int argc, char** argv)
             return app.exit(error);
         }
         complain(fromLocal(error.what()) + QStringLiteral("\nTry 'tavrelctl --help'."));
+        return static_cast<int>(Status::Usage);
+    }
+    if (wanted == nullptr) {
+        complain(QStringLiteral("a command is missing\nTry 'tavrelctl --help'."));
         return static_cast<int>(Status::Usage);
     }
     Request& request = parsed.request;

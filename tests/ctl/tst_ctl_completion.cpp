@@ -86,7 +86,7 @@ private Q_SLOTS:
             QVERIFY2(manual.contains(QStringLiteral(".TP\nfB%1fR\n").arg(name)), qPrintable(name));
         }
         for (const char* word :
-             {"PORT fBgetfR NAME", "[PORT] fBdifffR FILE", "fBmap showfR FILE",
+             {".B PORT get [NAME...]\n", ".B [PORT] diff FILE [FILE]\n", ".B map show FILE\n",
               "fB--timeoutfR fISECONDSfR", "With fBapplyfR: Show what differs"}) {
             QVERIFY2(manual.contains(QLatin1String(word)), word);
         }

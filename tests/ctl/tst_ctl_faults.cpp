@@ -20,8 +20,9 @@ private Q_SLOTS:
         const auto row = [](const char* words, const char* told) {
             QTest::newRow(words) << QString::fromLatin1(words) << QString::fromLatin1(told);
         };
-        row("ttyUSB0", "subcommand");
-        row("ttyUSB0 gte", "subcommand");
+        row("ttyUSB0", "a command is missing");
+        row("ttyUSB0 table", "a command is missing");
+        row("ttyUSB0 gte", "not expected: gte");
         row("info", "info needs a port");
         row("ttyUSB0 list", "list takes no port");
         row("ttyUSB0 get gama", "unknown parameter \"gama\"");
@@ -263,6 +264,20 @@ private Q_SLOTS:
                                  "--timeout", "--link-rate"}) {
             QVERIFY2(run.output.contains(QLatin1String(word)), word);
         }
+        const auto usage = [&](const char* words) {
+            return machine.run(words).lines().value(1);
+        };
+        QCOMPARE(usage("--help"), QStringLiteral("Usage: tavrelctl [OPTIONS] [PORT] COMMAND"));
+        QCOMPARE(usage("table --help"),
+                 QStringLiteral("Usage: tavrelctl [OPTIONS] [PORT] table COMMAND"));
+        QCOMPARE(usage("get --help"),
+                 QStringLiteral("Usage: tavrelctl [OPTIONS] PORT get [NAME...]"));
+        QCOMPARE(usage("set --help"),
+                 QStringLiteral("Usage: tavrelctl [OPTIONS] PORT set ASSIGNMENT..."));
+        QCOMPARE(usage("diff --help"),
+                 QStringLiteral("Usage: tavrelctl [OPTIONS] [PORT] diff FILE [FILE]"));
+        QCOMPARE(usage("map diff --help"),
+                 QStringLiteral("Usage: tavrelctl [OPTIONS] map diff FILE FILE"));
         run = machine.run("--version");
         QCOMPARE(run.status, 0);
         QVERIFY(run.output.startsWith(QStringLiteral("Tavrel KV ")));
