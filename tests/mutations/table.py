@@ -873,9 +873,9 @@ MUTATIONS = [
     ),
     *_room(
         "params",
-        ("A value's text leads back to what the camera holds", "parameters.cpp",
+        ("A value's text is the shortest that leads back to what the camera holds", "parameters.cpp",
          "return fromFixedPoint(fixedPoint(value));", "return value;",
-         "tst_parameters theTextOfAValueLeadsBackToIt"),
+         "tst_parameters gammaReadsAsTheWindowShowsIt"),
         ("A number has the range of its field in the window", "parameters.cpp",
          "{.name = \"clhe\", .maximum = 30000}", "{.name = \"clhe\", .maximum = 10000}",
          "tst_parameters aNumberHasTheRangeOfItsField"),
