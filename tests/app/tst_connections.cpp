@@ -316,7 +316,7 @@ private Q_SLOTS:
         user.sdk.configuration.expertMode = 1;
         user.start();
         const auto counts = connectionCounts();
-        static constexpr const char* signalsOfControls[] = {
+        static const char* const signalsOfControls[] = {
             SIGNAL(clicked(bool)),
             SIGNAL(toggled(bool)),
             SIGNAL(stateChanged(int)),

@@ -29,8 +29,8 @@ inline QString call(const char* text, int value)
     return QString::fromLatin1(text).arg(value);
 }
 
-inline constexpr const char* decimal = SIGNAL(valueChanged(double));
-inline constexpr const char* integer = SIGNAL(valueChanged(int));
+inline const char* const decimal = SIGNAL(valueChanged(double));
+inline const char* const integer = SIGNAL(valueChanged(int));
 
 // clang-format off
 inline const Row rows[] = {

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Refuses what g++ takes and MSVC does not. Every rule first proves itself on lines
-of its own: those that it must refuse and those that it must let pass.
+"""Refuses what g++ takes in a release build, and MSVC or a debug build does not. Every rule first proves
+itself on lines of its own: those that it must refuse and those that it must let pass.
 
 usage: portable.py SOURCE_DIR
 """
@@ -78,6 +78,12 @@ RULES = [
           "const auto* const bytes = static_cast<const char*>(buffer);",
           "const auto* const data = rates.data();",
           "const auto* const pane = window.findChild<QPlainTextEdit*>(name);"]),
+    Rule("SIGNAL and SLOT call a function in a debug build, and are no constant expressions",
+         matches(r"\bconstexpr\b[^;]*\b(?:SIGNAL|SLOT)\("),
+         ["inline constexpr const char* moved = SIGNAL(sliderMoved(int));",
+          "static constexpr const char* all[] = {\n    SIGNAL(clicked(bool)),\n};"],
+         ["const char* const clicked = SIGNAL(clicked(bool));",
+          "constexpr int width = 3;\nconst char* const slots[] = {SLOT(read())};"]),
     Rule("the constant has the name of a function of <cmath>, which is there outside of std, too",
          matches(rf"(?<![^\n])(?:(?:static|inline|constexpr|const)\s+)+[\w:<>]+\s+(?:{MATH})\s*[={{]"),
          ["constexpr double nan = std::numeric_limits<double>::quiet_NaN();",
@@ -134,7 +140,7 @@ def main():
                     if not re.match(rule.not_in, relative):
                         wrong += [f"{relative}:{text.count(chr(10), 0, at) + 1}: {rule.says}"
                                   for at in rule.places(text)]
-    print("\n".join(wrong) if wrong else f"{files} files: nothing that MSVC refuses.")
+    print("\n".join(wrong) if wrong else f"{files} files: nothing that MSVC or a debug build refuses.")
     return 1 if wrong or not files else 0
 
 
