@@ -17,6 +17,17 @@ include(CMakePackageConfigHelpers)
 write_basic_package_version_file(${generated}/OmbrixSdkConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
 
+# The program by which a running simulator is worked; its commands come from the program itself.
+set(manual ${generated}/ombrix-simulator.1)
+configure_file(${PROJECT_SOURCE_DIR}/packaging/linux/ombrix-simulator.1.in ${manual}.in @ONLY)
+add_custom_command(OUTPUT ${manual}
+    COMMAND ${CMAKE_COMMAND} -DPROGRAM=$<TARGET_FILE:ombrix_simulator> -DPAGE=${manual}.in
+            -DRESULT=${manual} -P ${PROJECT_SOURCE_DIR}/packaging/linux/manual.cmake
+    DEPENDS ombrix_simulator ${manual}.in ${PROJECT_SOURCE_DIR}/packaging/linux/manual.cmake VERBATIM)
+add_custom_target(ombrix_simulator_manual ALL DEPENDS ${manual})
+install(TARGETS ombrix_simulator DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT development)
+install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT development)
+
 # The simulator's page speaks of the sources; here its files lie beside it.
 file(READ ${PROJECT_SOURCE_DIR}/docs/simulator.md page)
 string(REPLACE "`build/lib/libombrix.sdk.so`" "`${TAVREL_SDK_DIR}/libombrix.sdk.so`" page "${page}")

@@ -62,6 +62,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "tavrel (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 # The SVG pictures on the buttons are drawn by a plugin, which no library list names.
@@ -86,8 +87,8 @@ set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
 "SDK of the Ombrix KV cameras, with a simulated camera (development files)
 Headers, CMake package and pkg-config file of the SDK of the Ombrix KV cameras,
 for programs that are written and tested with the simulated camera of the
-package tavrel; with its manual, examples of settings and plans of faults, and
-an example program. Any other library with the same binary interface, such as
+package tavrel; with its manual, examples of settings and plans of faults, an
+example program, and a command to work a running simulated camera. Any other library with the same binary interface, such as
 the camera vendor's, takes the simulated one's place without a new build.")
 unset(CPACK_PACKAGE_DESCRIPTION_SUMMARY)
 # For packaging/linux/stage.cmake, which runs when packages are made.

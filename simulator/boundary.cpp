@@ -6,6 +6,8 @@
 
 #include <QtCore/QByteArray>
 
+#include <mutex>
+
 namespace {
 
 class Record final : public ombrix_sdk::ILogger {
@@ -21,6 +23,7 @@ public:
     ILogger& operator<<(const char* piece) override
     {
         if (piece == nullptr) {
+            const std::lock_guard entry(simulator::Simulator::instance().gate());
             simulator::Simulator::instance().log().misuse(
                 QStringLiteral("a log record is given a null pointer"));
         } else {
@@ -29,7 +32,11 @@ public:
         return *this;
     }
 
-    void emitRecord() const { simulator::Simulator::instance().log().record(severity, text); }
+    void emitRecord() const
+    {
+        const std::lock_guard entry(simulator::Simulator::instance().gate());
+        simulator::Simulator::instance().log().record(severity, text);
+    }
 
 private:
     ombrix_sdk::severity_level severity;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <mutex>
 #include <utility>
 
 namespace simulator {
@@ -102,14 +103,14 @@ QString Camera::name() const
     return QStringLiteral("camera %1").arg(device.get<std::uint32_t>(P::serialNumber));
 }
 
-Camera::Passage Camera::enter(Operation operation, const std::array<qint64, 5>& arguments)
+Camera::Passage Camera::enter(Simulator& simulator, Operation operation,
+                              const std::array<qint64, 5>& arguments)
 {
-    Simulator& simulator = Simulator::instance();
     if (!open) {
         planned = {};
         simulator.log().misuse(
             QStringLiteral("%1 on a camera that is closed").arg(nameOf(operation)));
-        return {.note = QStringLiteral("closed")};
+        return {.note = "closed"};
     }
     planned =
         simulator.judge({operation, device.get<std::uint32_t>(P::serialNumber), port, arguments});
@@ -122,24 +123,26 @@ Camera::Passage Camera::enter(Operation operation, const std::array<qint64, 5>& 
 }
 
 void Camera::leave(Operation operation, const QStringList& arguments, const QString& answer,
-                   const QString& note)
+                   const char* note)
 {
     Simulator::instance().journal().write(
-        {name(), nameOf(operation), arguments, answer, filled, note});
+        {name(), nameOf(operation), arguments, answer, filled, QLatin1String(note)});
 }
 
 template<typename Result, typename Action, typename... Arguments>
 Result Camera::perform(Operation operation, Result failure, Action action,
                        const Arguments&... arguments)
 {
+    Simulator& simulator = Simulator::instance();
+    const std::lock_guard entry(simulator.gate());
     filled.clear();
-    const Passage passage = enter(operation, {numberOf(arguments)...});
+    const Passage passage = enter(simulator, operation, {numberOf(arguments)...});
     const bool answered = !planned.record.empty() || !planned.table.isEmpty();
     Result result = passage.carryOut || answered ? action() : failure;
     if (planned.value) {
         result = static_cast<Result>(*planned.value);
     }
-    if (Simulator::instance().journal().isOn()) {
+    if (simulator.journal().isOn()) {
         leave(operation, {journalText(arguments)...}, journalText(result), passage.note);
     }
     return result;
@@ -364,8 +367,10 @@ Flag Camera::writeTableData(std::uint32_t offset, std::uint32_t length, std::uin
 void Camera::loadBadPixelList(const std::string& path, std::vector<ReplacementEntry>& list,
                               int& height, int& width)
 {
+    Simulator& simulator = Simulator::instance();
+    const std::lock_guard entry(simulator.gate());
     filled.clear();
-    const Passage passage = enter(O::loadBadPixelList);
+    const Passage passage = enter(simulator, O::loadBadPixelList);
     if (passage.carryOut) {
         QString reason;
         const bool treated = treatMapFile(pathFromBytes(path), height, width, list, &reason);

@@ -15,6 +15,8 @@
 
 namespace simulator {
 
+class Simulator;
+
 using namespace ombrix_sdk;
 
 /// Stays allocated after it was closed, so that a late call meets a refusal and no freed memory.
@@ -35,12 +37,13 @@ private:
     /// What becomes of a call on its way to the camera.
     struct Passage {
         bool carryOut = false;
-        QString note = {}; ///< for the journal
+        const char* note = ""; ///< for the journal
     };
 
-    Passage enter(Operation operation, const std::array<qint64, 5>& arguments = {});
+    Passage enter(Simulator& simulator, Operation operation,
+                  const std::array<qint64, 5>& arguments = {});
     void leave(Operation operation, const QStringList& arguments, const QString& answer,
-               const QString& note);
+               const char* note);
 
     /// One operation: the way to the camera, the action there, and the answer. failure is what the
     /// operation answers when it is not carried out.

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/clock.h"
 
+#include "simulator/gate.h"
+
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <limits>
 #include <thread>
 
@@ -22,17 +25,24 @@ void Clock::advance(qint64 milliseconds)
     begin += std::clamp<qint64>(milliseconds, 0, most) * 1000;
 }
 
-void Clock::wait(qint64 durationInMicroseconds)
+void Clock::wait(qint64 durationInMicroseconds, Gate& gate)
 {
     if (durationInMicroseconds <= 0) {
         return;
     }
-    if (factor == 0) {
-        begin += durationInMicroseconds;
-    } else {
-        std::this_thread::sleep_for(std::chrono::microseconds(
-            static_cast<qint64>(static_cast<double>(durationInMicroseconds) / factor)));
+    const auto realTime = [this](qint64 microseconds) {
+        return std::chrono::microseconds(
+            static_cast<qint64>(std::ceil(static_cast<double>(microseconds) / factor)));
+    };
+    if (factor != 0 && !gate.isOn()) {
+        std::this_thread::sleep_for(realTime(durationInMicroseconds));
+        return;
     }
+    const qint64 end = microseconds() + durationInMicroseconds;
+    while (factor != 0 && microseconds() < end) {
+        gate.standAside(realTime(end - microseconds()));
+    }
+    begin += std::max<qint64>(end - microseconds(), 0);
 }
 
 } // namespace simulator

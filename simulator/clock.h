@@ -6,6 +6,8 @@
 
 namespace simulator {
 
+class Gate;
+
 class Clock {
 public:
     Clock() { running.start(); }
@@ -19,8 +21,9 @@ public:
     [[nodiscard]] double speed() const { return factor; }
     /// Milliseconds since the start of the simulator.
     [[nodiscard]] qint64 now() const { return microseconds() / 1000; }
-    /// Lets the time pass: a running clock sleeps, one that stands jumps.
-    void wait(qint64 durationInMicroseconds);
+    /// Lets the time pass: a running clock sleeps, one that stands jumps. Others may come in
+    /// through the gate meanwhile, and set the clock.
+    void wait(qint64 durationInMicroseconds, Gate& gate);
     /// Jumps forward; not back, and not past the end of its numbers.
     void advance(qint64 milliseconds);
 

@@ -3,6 +3,8 @@
 
 #include "simulator/simulator.h"
 
+#include <mutex>
+
 namespace simulator {
 
 void Configuration::load(const ConfigurationValues& values)
@@ -27,6 +29,7 @@ ConfigurationValues Configuration::values() const
 
 const char* Configuration::getCommunicationType()
 {
+    const std::lock_guard entry(Simulator::instance().gate());
     const Verdict verdict = Simulator::instance().judge({Operation::getCommunicationType});
     answeredType = verdict.carryOut ? communicationType : verdict.word.toLocal8Bit();
     return answeredType.constData();
@@ -34,6 +37,7 @@ const char* Configuration::getCommunicationType()
 
 void Configuration::setBaudRate(std::int32_t baudRate)
 {
+    const std::lock_guard entry(Simulator::instance().gate());
     settings[static_cast<std::size_t>(Setting::baudRate)] = baudRate;
     Simulator::instance().journal().write({.subject = QStringLiteral("configuration"),
                                            .operation = nameOf(Operation::setBaudRate),

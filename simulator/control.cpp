@@ -7,6 +7,7 @@
 #include <QtCore/QStringList>
 
 #include <algorithm>
+#include <mutex>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -46,6 +47,7 @@ QString keysOfACamera()
 template<typename Action> Answer withCamera(const std::string& name, Action action)
 {
     Simulator& simulator = Simulator::instance();
+    const std::lock_guard entry(simulator.gate());
     const QString text = QString::fromStdString(name);
     if (Device* const device = simulator.deviceNamed(text)) {
         device->passTime();
@@ -103,6 +105,7 @@ void restart()
 
 void cyclePower()
 {
+    const std::lock_guard entry(Simulator::instance().gate());
     Simulator::instance().cyclePower();
 }
 
@@ -146,6 +149,7 @@ Answer set(const std::string& camera, const std::string& values)
 Answer putFault(const std::string& sections)
 {
     IniFile ini({}, QByteArray::fromStdString(sections));
+    const std::lock_guard entry(Simulator::instance().gate());
     const QStringList problems = Simulator::instance().putFaults(ini);
     return problems.isEmpty() ? done() : refused(problems);
 }
@@ -153,6 +157,7 @@ Answer putFault(const std::string& sections)
 Answer liftFault(const std::string& section)
 {
     const QString name = QString::fromStdString(section);
+    const std::lock_guard entry(Simulator::instance().gate());
     if (Simulator::instance().liftFault(name)) {
         return done();
     }
@@ -166,17 +171,21 @@ Answer liftFault(const std::string& section)
 std::int64_t calls(const std::string& operation)
 {
     const std::optional<Operation> found = operationNamed(QString::fromStdString(operation));
+    const std::lock_guard entry(Simulator::instance().gate());
     return found ? Simulator::instance().calls(*found) : -1;
 }
 
 std::int64_t clockTime()
 {
+    const std::lock_guard entry(Simulator::instance().gate());
     return Simulator::instance().clock().now();
 }
 
 void advanceClock(std::int64_t milliseconds)
 {
+    const std::lock_guard entry(Simulator::instance().gate());
     Simulator::instance().clock().advance(milliseconds);
+    Simulator::instance().gate().callBack();
 }
 
 Answer setClockSpeed(double factor)
@@ -186,7 +195,9 @@ Answer setClockSpeed(double factor)
                            .arg(QString::number(factor), QString::number(Clock::slowest),
                                 QString::number(Clock::fastest)));
     }
+    const std::lock_guard entry(Simulator::instance().gate());
     Simulator::instance().clock().setSpeed(factor);
+    Simulator::instance().gate().callBack();
     return done();
 }
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // What a test does to the simulator behind the program's back. Exported beside the boundary.
 //
-// The functions are called from the thread that calls the SDK. Cameras go by the name of their
-// section in the settings ("camera" for the built-in one) or by their serial number; texts are
-// UTF-8.
+// The functions are called from the thread that calls the SDK; from any other but for restart when
+// the simulator takes commands from outside (TAVREL_SIMULATOR_CONTROL). Cameras go by the name of
+// their section in the settings ("camera" for the built-in one) or by their serial number; texts
+// are UTF-8.
 #pragma once
 
 #include "sdk/ombrix_sdk.h"

@@ -4,6 +4,7 @@
 #include "simulator/simulator.h"
 
 #include <algorithm>
+#include <mutex>
 
 namespace simulator {
 namespace {
@@ -18,6 +19,7 @@ void journalCall(const QString& operation)
 
 void SdkRoot::initialize()
 {
+    const std::lock_guard entry(Simulator::instance().gate());
     Simulator::instance().introduce();
     journalCall(QStringLiteral("initialize"));
 }
@@ -29,6 +31,7 @@ ombrix_sdk::ISdkConfiguration* SdkRoot::getConfiguration()
 
 void SdkRoot::saveConfiguration()
 {
+    const std::lock_guard entry(Simulator::instance().gate());
     if (Simulator::instance().judge({Operation::saveConfiguration}).carryOut) {
         Simulator::instance().saveConfiguration();
     }
@@ -37,6 +40,7 @@ void SdkRoot::saveConfiguration()
 
 ombrix_sdk::ISerialLink* SdkRoot::createSerialLink()
 {
+    const std::lock_guard entry(Simulator::instance().gate());
     links.push_back(
         std::make_unique<SerialLink>(Simulator::instance().configuration().linkBaudRate()));
     journalCall(QStringLiteral("createSerialLink"));
@@ -45,6 +49,7 @@ ombrix_sdk::ISerialLink* SdkRoot::createSerialLink()
 
 void SdkRoot::releaseSerialLink(ombrix_sdk::ISerialLink** link)
 {
+    const std::lock_guard entry(Simulator::instance().gate());
     Log& log = Simulator::instance().log();
     if (link == nullptr) {
         log.misuse(QStringLiteral("releaseSerialLink with a null pointer"));

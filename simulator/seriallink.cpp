@@ -4,6 +4,7 @@
 #include "simulator/simulator.h"
 
 #include <algorithm>
+#include <mutex>
 
 namespace simulator {
 namespace {
@@ -38,6 +39,7 @@ QString reasonOfSilence(const Device* device, std::uint32_t baudRate, const Verd
 ombrix_sdk::ICamera* SerialLink::openCamera(const char* portName)
 {
     Simulator& simulator = Simulator::instance();
+    const std::lock_guard entry(simulator.gate());
     if (released || portName == nullptr) {
         simulator.log().misuse(released ? QStringLiteral("openCamera on a link that is released")
                                         : QStringLiteral("openCamera with a null pointer"));
@@ -63,13 +65,14 @@ ombrix_sdk::ICamera* SerialLink::openCamera(const char* portName)
                                .operation = nameOf(Operation::openCamera),
                                .arguments = {journalText(portName)},
                                .answer = answers ? cameras.back()->name() : QStringLiteral("null"),
-                               .note = Simulator::noteOf(reached, verdict)});
+                               .note = QLatin1String(Simulator::noteOf(reached, verdict))});
     return answers ? cameras.back().get() : nullptr;
 }
 
 void SerialLink::closeCamera(ombrix_sdk::ICamera* camera)
 {
     Simulator& simulator = Simulator::instance();
+    const std::lock_guard entry(simulator.gate());
     // Compared by address only: a pointer that is not ours must not be followed.
     const auto found = std::find_if(cameras.begin(), cameras.end(),
                                     [camera](const auto& known) { return known.get() == camera; });

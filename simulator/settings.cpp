@@ -39,6 +39,7 @@ constexpr PathFacts paths[] = {
     {"journal", "TAVREL_SIMULATOR_JOURNAL", &Settings::journalFile},
     {"plan", "TAVREL_SIMULATOR_PLAN", &Settings::planFile},
     {"memory", "TAVREL_SIMULATOR_MEMORY", &Settings::memoryFolder},
+    {"control", "TAVREL_SIMULATOR_CONTROL", &Settings::controlFile},
 };
 
 QByteArray tableOf(const BadPixelMap& map)
@@ -88,8 +89,9 @@ void readSimulator(IniFile& ini, Settings& settings)
     behaviour.timeout = as<qint64>(number("timeout", Kind::Word, 0));
     behaviour.nucDuration = as<qint64>(number("nucDuration", Kind::Word, 0));
     ini.finish(simulatorSection,
-               QStringLiteral("log, journal, plan, memory, factoryFresh, safe, seed, manualClock, "
-                              "warmUp, latency, timeout, nucDuration"));
+               QStringLiteral(
+                   "log, journal, plan, memory, control, factoryFresh, safe, seed, manualClock, "
+                   "warmUp, latency, timeout, nucDuration"));
 }
 
 /// A switch among the variables; otherwise: what counts when it cannot be understood.

@@ -50,11 +50,12 @@ struct Settings {
     void read(IniFile& ini);
 
     QString file; ///< empty: the built-in values
-    // Paths; empty: standard error, no journal, no plan, no memory.
+    // Paths; empty: standard error, no journal, no plan, no memory, no commands from outside.
     QString logFile;
     QString journalFile;
     QString planFile;
     QString memoryFolder;
+    QString controlFile;
     bool factoryFresh = false; ///< forget the memory at the start
     bool safe = false;         ///< no plan is followed
     bool strict = false;       ///< a problem ends the program

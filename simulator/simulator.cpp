@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/simulator.h"
 
+#include "simulator/commands.h"
+
+#include <cstdlib>
 #include <optional>
 #include <utility>
 
@@ -24,6 +27,8 @@ Simulator::Simulator()
 
 void Simulator::restart()
 {
+    listener.stop();
+    entrance.setOn(false);
     rootObject.releaseAll();
     devices.clear();
     timePiece = {};
@@ -69,6 +74,22 @@ void Simulator::load()
         }
         devices.push_back(
             std::make_unique<Device>(camera, Surroundings{timePiece, memory, settings.behaviour}));
+    }
+    listen();
+}
+
+void Simulator::listen()
+{
+    if (settings.controlFile.isEmpty()) {
+        return;
+    }
+    // At the end of the program: the thread must not see what is taken down then.
+    [[maybe_unused]] static const int registered = std::atexit([] { instance().listener.stop(); });
+    entrance.setOn(true);
+    if (const QString reason = listener.start(settings.controlFile, answerTo); !reason.isEmpty()) {
+        entrance.setOn(false);
+        logWriter.problem(QStringLiteral("control %1: %2; no commands are taken")
+                              .arg(settings.controlFile, reason));
     }
 }
 
@@ -184,7 +205,7 @@ Verdict Simulator::judge(const Call& call)
         followPlan();
     }
     Verdict verdict = verdictOf(call);
-    timePiece.wait(verdict.delay * microsecondsPerMillisecond);
+    timePiece.wait(verdict.delay * microsecondsPerMillisecond, entrance);
     return verdict;
 }
 
@@ -196,7 +217,7 @@ Verdict Simulator::verdictOf(const Call& call)
             return verdict;
         }
     }
-    return plan.judge(call);
+    return plan.isEmpty() ? Verdict{} : plan.judge(call);
 }
 
 bool Simulator::reach(Device* device, std::uint32_t linkBaudRate, Operation operation,
@@ -213,21 +234,21 @@ bool Simulator::reach(Device* device, std::uint32_t linkBaudRate, Operation oper
     }
     if (device == nullptr || device->isPulledOut() || verdict.lost || device->isHanging() ||
         device->baudRate() != linkBaudRate) {
-        timePiece.wait(settings.behaviour.timeout * microsecondsPerMillisecond);
+        timePiece.wait(settings.behaviour.timeout * microsecondsPerMillisecond, entrance);
         return false;
     }
     if (settings.behaviour.latency) {
-        timePiece.wait(timeOnTheLink(operation, linkBaudRate));
+        timePiece.wait(timeOnTheLink(operation, linkBaudRate), entrance);
     }
     return true;
 }
 
-QString Simulator::noteOf(bool reached, const Verdict& verdict)
+const char* Simulator::noteOf(bool reached, const Verdict& verdict)
 {
     if (!reached) {
-        return QStringLiteral("no answer");
+        return "no answer";
     }
-    return verdict.planned ? QStringLiteral("plan") : QString();
+    return verdict.planned ? "plan" : "";
 }
 
 } // namespace simulator

@@ -6,7 +6,9 @@
 #include "simulator/clock.h"
 #include "simulator/configuration.h"
 #include "simulator/device.h"
+#include "simulator/gate.h"
 #include "simulator/journal.h"
+#include "simulator/listener.h"
 #include "simulator/log.h"
 #include "simulator/memory.h"
 #include "simulator/operations.h"
@@ -38,6 +40,8 @@ public:
     SdkRoot& root() { return rootObject; }
     Configuration& configuration() { return configurationObject; }
     Clock& clock() { return timePiece; }
+    /// Whoever calls from outside of the simulator comes in here.
+    Gate& gate() { return entrance; }
     Journal& journal() { return journalWriter; }
     Log& log() { return logWriter; }
 
@@ -71,11 +75,13 @@ public:
                const Verdict& verdict);
 
     /// The journal's note on a call.
-    static QString noteOf(bool reached, const Verdict& verdict);
+    static const char* noteOf(bool reached, const Verdict& verdict);
 
 private:
     Simulator();
     void load();
+    /// Takes commands from other processes where that is asked for.
+    void listen();
     void followPlan();
     Verdict verdictOf(const Call& call);
     /// What the old rules broke must not outlive them.
@@ -94,6 +100,8 @@ private:
     SdkRoot rootObject;
     qint64 powerCyclesDone = 0;
     bool introduced = false;
+    Gate entrance;
+    Listener listener;
 };
 
 } // namespace simulator

@@ -24,6 +24,7 @@ RULES = [
     (r"\./run( --tour.*)?$", ""),
     (r"TAVREL_SIMULATOR_FACTORY_FRESH=1 \./run$", ""),
     (r"\./run --ctl .+$", ""),
+    (r"\./run --simulator .+$", ""),
     (r"cp simulator/plans/\S+ build/session/plan\.ini$", ""),
     (r"rm build/session/plan\.ini$", ""),
     (r"cmake --preset \w+$", ""),
@@ -40,7 +41,7 @@ RULES = [
 ]
 
 # Commands for a second terminal beside the running tool.
-BESIDE_THE_TOOL = r"(cp simulator/plans/\S+|rm) ?build/session/plan\.ini$"
+BESIDE_THE_TOOL = r"(cp simulator/plans/\S+|rm) ?build/session/plan\.ini$|\./run --simulator "
 
 
 def commands(path):

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void aSecondTourIntoTheSameFolderIsRefused();
     void twoToolsWorkInTwoBuildFolders();
     void anAdapterIsUnpluggedAndPluggedOnce();
+    void aSimulatorThatNoToolHasIsNotWorked();
     void anUnknownPortIsRefused_data();
     void anUnknownPortIsRefused();
     void wrongWordsAreRefused_data();
@@ -157,15 +158,16 @@ void TestRun::theTourTakesThePathsOfItsCaller()
 
 void TestRun::theToolTakesThePathsOfItsCaller()
 {
-    write(
-        QStringLiteral("a clone/build/bin/tavrel"),
-        "echo settings: $TAVREL_SIMULATOR_SETTINGS; echo memory: $TAVREL_SIMULATOR_MEMORY; pwd\n");
+    write(QStringLiteral("a clone/build/bin/tavrel"),
+          "echo settings: $TAVREL_SIMULATOR_SETTINGS; echo memory: $TAVREL_SIMULATOR_MEMORY; "
+          "echo control: $TAVREL_SIMULATOR_CONTROL; pwd\n");
     environment.insert(QStringLiteral("TAVREL_SIMULATOR_SETTINGS"), QStringLiteral("my.ini"));
     const Ending tool = run({}, true);
     QCOMPARE(tool.exitCode, 0);
     for (const QString& line :
          {QStringLiteral("settings: ") + path(QStringLiteral("a caller/my.ini")),
           QStringLiteral("memory: ") + path(QStringLiteral("a clone/build/session/memory")),
+          QStringLiteral("control: ") + path(QStringLiteral("a clone/build/session/control")),
           path(QStringLiteral("a clone/build/session"))}) {
         QVERIFY2(tool.output.contains(line + QLatin1Char('\n')), qPrintable(tool.output));
     }
@@ -174,6 +176,8 @@ void TestRun::theToolTakesThePathsOfItsCaller()
 void TestRun::theCommandsThatItShowsWorkForItsCaller()
 {
     write(QStringLiteral("a caller/my build/bin/tavrel"), "echo working; read word; exit 0\n");
+    write(QStringLiteral("a caller/my build/bin/ombrix-simulator"),
+          "echo \"$@\" >>\"$(dirname \"$0\")/told\"\n");
     QByteArray told;
     const auto tool = workingTool({QStringLiteral("--build"), QStringLiteral("my build")}, &told);
     int commands = 0;
@@ -187,8 +191,14 @@ void TestRun::theCommandsThatItShowsWorkForItsCaller()
         shell.start(QStringLiteral("sh"), {QStringLiteral("-c"), line.trimmed()});
         QVERIFY2(endOf(shell).exitCode == 0, qPrintable(line));
     }
-    QCOMPARE(commands, 2);
+    QCOMPARE(commands, 8);
     QVERIFY(QFile::exists(path(QStringLiteral("a caller/my build/session/plan.ini"))));
+    QFile simulator(path(QStringLiteral("a caller/my build/bin/told")));
+    QVERIFY(simulator.open(QIODevice::ReadOnly));
+    const QByteArray at =
+        "--at " + path(QStringLiteral("a caller/my build/session/control")).toLocal8Bit() + ' ';
+    QCOMPARE(simulator.readLine(), at + "set camera sensorTemperature=345000\n");
+    QCOMPARE(simulator.readLine(), at + "fault get* carryOut=true delay=100\n");
     tool->write("end\n");
     QCOMPARE(endOf(*tool).exitCode, 0);
 }
@@ -279,6 +289,14 @@ void TestRun::anAdapterIsUnpluggedAndPluggedOnce()
     QCOMPARE(late.exitCode, 1);
     QVERIFY2(late.output.startsWith(QLatin1String("No simulated machine runs in ")),
              qPrintable(late.output));
+}
+
+void TestRun::aSimulatorThatNoToolHasIsNotWorked()
+{
+    const Ending refused = run({QStringLiteral("--simulator"), QStringLiteral("list")});
+    QCOMPARE(refused.exitCode, 3);
+    QCOMPARE(refused.output, QStringLiteral("No tool that ./run started works in %1.\n")
+                                 .arg(path(QStringLiteral("a clone/build/session"))));
 }
 
 void TestRun::anUnknownPortIsRefused_data()

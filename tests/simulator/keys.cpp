@@ -277,21 +277,14 @@ QVector<Key> ofConfiguration()
 
 QStringList others()
 {
-    return {QStringLiteral("log"),
-            QStringLiteral("journal"),
-            QStringLiteral("plan"),
-            QStringLiteral("memory"),
-            QStringLiteral("factoryFresh"),
-            QStringLiteral("safe"),
-            QStringLiteral("seed"),
-            QStringLiteral("manualClock"),
-            QStringLiteral("warmUp"),
-            QStringLiteral("latency"),
-            QStringLiteral("timeout"),
-            QStringLiteral("nucDuration"),
-            QStringLiteral("communicationType"),
-            QStringLiteral("ports"),
-            QStringLiteral("badPixels"),
+    return {QStringLiteral("log"),         QStringLiteral("journal"),
+            QStringLiteral("plan"),        QStringLiteral("memory"),
+            QStringLiteral("control"),     QStringLiteral("factoryFresh"),
+            QStringLiteral("safe"),        QStringLiteral("seed"),
+            QStringLiteral("manualClock"), QStringLiteral("warmUp"),
+            QStringLiteral("latency"),     QStringLiteral("timeout"),
+            QStringLiteral("nucDuration"), QStringLiteral("communicationType"),
+            QStringLiteral("ports"),       QStringLiteral("badPixels"),
             QStringLiteral("tableFile")};
 }
 

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 // A program that uses the SDK as little as a program can, so that a test sees what a process of its
 // own writes where. Before its calls it puts another plan in the place of the first, when it is
-// given one.
+// given one. With --wait it connects, says so, and tells the camera's GSK for every line that it
+// reads.
 #include "sdk/ombrix_sdk.h"
 
 #include <cstdlib>
 #include <filesystem>
+#include <iostream>
 #include <string>
 
 int main(int argc, char* argv[])
@@ -30,6 +32,13 @@ int main(int argc, char* argv[])
     char context = 0;
     if (camera == nullptr || camera->connect(&context) != 1) {
         return 1;
+    }
+    if (argc > 1 && std::string(argv[1]) == "--wait") {
+        std::cout << "connected" << std::endl;
+        for (std::string line; std::getline(std::cin, line);) {
+            std::cout << camera->getGsk() << std::endl;
+        }
+        return 0;
     }
     if (argc > 1) {
         std::filesystem::copy_file(argv[1], std::getenv("TAVREL_SIMULATOR_PLAN"),

@@ -15,10 +15,10 @@ namespace {
 const QString settingsFile = QStringLiteral("simulator.ini");
 const QString logFile = QStringLiteral("sdk.log");
 
-constexpr const char* variables[] = {"TAVREL_SIMULATOR_SETTINGS", "TAVREL_SIMULATOR_LOG",
-                                     "TAVREL_SIMULATOR_JOURNAL",  "TAVREL_SIMULATOR_PLAN",
-                                     "TAVREL_SIMULATOR_MEMORY",   "TAVREL_SIMULATOR_FACTORY_FRESH",
-                                     "TAVREL_SIMULATOR_STRICT",   "TAVREL_SIMULATOR_SAFE"};
+constexpr const char* variables[] = {
+    "TAVREL_SIMULATOR_SETTINGS", "TAVREL_SIMULATOR_LOG",    "TAVREL_SIMULATOR_JOURNAL",
+    "TAVREL_SIMULATOR_PLAN",     "TAVREL_SIMULATOR_MEMORY", "TAVREL_SIMULATOR_FACTORY_FRESH",
+    "TAVREL_SIMULATOR_STRICT",   "TAVREL_SIMULATOR_SAFE",   "TAVREL_SIMULATOR_CONTROL"};
 
 void clearVariables()
 {

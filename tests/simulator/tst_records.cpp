@@ -170,7 +170,8 @@ private Q_SLOTS:
         row("an unknown variable", "PLANS=plan.ini",
             QStringLiteral(
                 "environment: TAVREL_SIMULATOR_PLANS: unknown variable; there are "
-                "TAVREL_SIMULATOR_FACTORY_FRESH, TAVREL_SIMULATOR_JOURNAL, "
+                "TAVREL_SIMULATOR_CONTROL, TAVREL_SIMULATOR_FACTORY_FRESH, "
+                "TAVREL_SIMULATOR_JOURNAL, "
                 "TAVREL_SIMULATOR_LOG, TAVREL_SIMULATOR_MEMORY, TAVREL_SIMULATOR_PLAN, "
                 "TAVREL_SIMULATOR_SAFE, TAVREL_SIMULATOR_SETTINGS, TAVREL_SIMULATOR_STRICT"));
         row("a switch that is none", "FACTORY_FRESH=perhaps",

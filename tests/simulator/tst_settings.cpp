@@ -171,10 +171,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("message");
         QTest::newRow("in [simulator]")
             << QByteArray("[simulator]\nspeed=1")
-            << QStringLiteral(
-                   "2: [simulator] speed: unknown key; there are log, journal, plan, "
-                   "memory, factoryFresh, safe, seed, manualClock, warmUp, latency, timeout, "
-                   "nucDuration");
+            << QStringLiteral("2: [simulator] speed: unknown key; there are log, journal, plan, "
+                              "memory, control, factoryFresh, safe, seed, manualClock, warmUp, "
+                              "latency, timeout, "
+                              "nucDuration");
         QTest::newRow("in [configuration]")
             << QByteArray("[configuration]\ndefaultGamma=1")
             << QStringLiteral("2: [configuration] defaultGamma: unknown key");
@@ -612,6 +612,7 @@ private Q_SLOTS:
               << QStringLiteral("TAVREL_SIMULATOR_JOURNAL")
               << QStringLiteral("TAVREL_SIMULATOR_PLAN")
               << QStringLiteral("TAVREL_SIMULATOR_MEMORY")
+              << QStringLiteral("TAVREL_SIMULATOR_CONTROL")
               << QStringLiteral("TAVREL_SIMULATOR_FACTORY_FRESH")
               << QStringLiteral("TAVREL_SIMULATOR_STRICT")
               << QStringLiteral("TAVREL_SIMULATOR_SAFE") << QStringLiteral("camera")

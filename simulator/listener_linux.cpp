@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: MIT
+#include "simulator/listener.h"
+
+#include "simulator/socketaddress.h"
+
+#include <QtCore/QFile>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <memory>
+#include <system_error>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include <poll.h>
+#include <sys/stat.h>
+
+namespace simulator {
+namespace {
+
+constexpr std::size_t mostPeers = 16; ///< the one that has been there longest gives way to another
+constexpr int longestRequest = 64 * 1024;
+constexpr int piece = 4096;
+
+QString lastError()
+{
+    return QString::fromLocal8Bit(std::strerror(errno));
+}
+
+/// A file of the system that is closed with its object.
+class Descriptor {
+public:
+    Descriptor() = default;
+    explicit Descriptor(int opened) : number(opened)
+    {
+        if (number >= 0) {
+            fcntl(number, F_SETFD, FD_CLOEXEC);
+            fcntl(number, F_SETFL, O_NONBLOCK);
+        }
+    }
+    ~Descriptor() { reset(); }
+    Descriptor(Descriptor&& other) noexcept : number(std::exchange(other.number, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept
+    {
+        reset();
+        number = std::exchange(other.number, -1);
+        return *this;
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    [[nodiscard]] int get() const { return number; }
+    [[nodiscard]] bool isOpen() const { return number >= 0; }
+    void reset()
+    {
+        if (number >= 0) {
+            close(std::exchange(number, -1));
+        }
+    }
+
+private:
+    int number = -1;
+};
+
+/// Whoever sends a command.
+struct Peer {
+    Descriptor socket;
+    QByteArray request;
+    QByteArray answer; ///< what of it is still to be sent; empty: the request is not complete
+};
+
+/// Takes more of the request, or gives more of the answer. False when the peer is done with.
+bool serve(Peer& peer, const Listener::Handler& handler)
+{
+    if (peer.answer.isEmpty()) {
+        std::array<char, piece> bytes{};
+        const ssize_t count = recv(peer.socket.get(), bytes.data(), bytes.size(), 0);
+        if (count < 0) {
+            return errno == EAGAIN || errno == EINTR;
+        }
+        peer.request.append(bytes.data(), static_cast<int>(count));
+        if (count > 0 && peer.request.size() <= longestRequest) {
+            return true;
+        }
+        peer.answer = handler(peer.request.left(longestRequest + 1));
+    }
+    const ssize_t count = send(peer.socket.get(), peer.answer.constData(),
+                               static_cast<std::size_t>(peer.answer.size()), MSG_NOSIGNAL);
+    if (count < 0) {
+        return errno == EAGAIN || errno == EINTR;
+    }
+    peer.answer.remove(0, static_cast<int>(count));
+    return !peer.answer.isEmpty();
+}
+
+/// Whether the path is the socket of a process that has ended without taking it away.
+bool isLeftBehind(const SocketAddress& address)
+{
+    struct stat facts {};
+    if (lstat(address.path(), &facts) != 0 || !S_ISSOCK(facts.st_mode)) {
+        return false;
+    }
+    const Descriptor probe(socket(AF_UNIX, SOCK_STREAM, 0));
+    return connect(probe.get(), address.get(), SocketAddress::size()) != 0 && errno == ECONNREFUSED;
+}
+
+} // namespace
+
+class Listener::Thread {
+public:
+    Thread(QByteArray socketPath, Handler handle)
+        : path(std::move(socketPath)), handler(std::move(handle))
+    {}
+    ~Thread();
+    Thread(const Thread&) = delete;
+    Thread& operator=(const Thread&) = delete;
+
+    QString start();
+
+private:
+    QString bindTo(const SocketAddress& address);
+    void run();
+
+    QByteArray path;
+    Handler handler;
+    Descriptor listener;
+    Descriptor endOfWork; ///< readable when the other end of the pipe is closed
+    Descriptor work;
+    std::thread worker;
+};
+
+QString Listener::Thread::bindTo(const SocketAddress& address)
+{
+    Descriptor opened(socket(AF_UNIX, SOCK_STREAM, 0));
+    if (bind(opened.get(), address.get(), SocketAddress::size()) != 0) {
+        if (errno != EADDRINUSE) {
+            return lastError();
+        }
+        if (!isLeftBehind(address)) {
+            return QStringLiteral("something is there already");
+        }
+        unlink(address.path());
+        if (bind(opened.get(), address.get(), SocketAddress::size()) != 0) {
+            return lastError();
+        }
+    }
+    // Nobody can connect before there is a listener.
+    if (chmod(address.path(), S_IRUSR | S_IWUSR) != 0 ||
+        listen(opened.get(), static_cast<int>(mostPeers)) != 0) {
+        QString reason = lastError();
+        unlink(address.path());
+        return reason;
+    }
+    listener = std::move(opened);
+    return {};
+}
+
+QString Listener::Thread::start()
+{
+    const SocketAddress address(path.toStdString());
+    if (!address.isValid()) {
+        return QStringLiteral("the name is too long");
+    }
+    std::array<int, 2> ends{};
+    if (pipe(ends.data()) != 0) {
+        return lastError();
+    }
+    endOfWork = Descriptor(ends[0]);
+    work = Descriptor(ends[1]);
+    QString reason = bindTo(address);
+    if (!reason.isEmpty()) {
+        return reason;
+    }
+    // Signals are for the threads of the program.
+    sigset_t all;
+    sigset_t before;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &before);
+    try {
+        worker = std::thread([this] { run(); });
+    } catch (const std::system_error& error) {
+        reason = QString::fromLocal8Bit(error.what());
+    }
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    return reason;
+}
+
+Listener::Thread::~Thread()
+{
+    work.reset();
+    if (worker.joinable()) {
+        worker.join();
+    }
+    if (listener.isOpen()) {
+        unlink(SocketAddress(path.toStdString()).path());
+    }
+}
+
+void Listener::Thread::run()
+{
+    std::vector<Peer> peers;
+    for (;;) {
+        std::vector<pollfd> events = {{endOfWork.get(), POLLIN, 0}, {listener.get(), POLLIN, 0}};
+        for (const Peer& peer : peers) {
+            const auto wanted = static_cast<short>(peer.answer.isEmpty() ? POLLIN : POLLOUT);
+            events.push_back({peer.socket.get(), wanted, 0});
+        }
+        if (poll(events.data(), static_cast<nfds_t>(events.size()), -1) < 0) {
+            continue;
+        }
+        if (events[0].revents != 0) {
+            return;
+        }
+        auto event = events.cbegin() + 2;
+        std::erase_if(peers,
+                      [&](Peer& peer) { return (event++)->revents != 0 && !serve(peer, handler); });
+        if (events[1].revents != 0) {
+            if (Descriptor socket(accept(listener.get(), nullptr, nullptr)); socket.isOpen()) {
+                if (peers.size() == mostPeers) {
+                    peers.erase(peers.begin());
+                }
+                peers.push_back({std::move(socket), {}, {}});
+            }
+        }
+    }
+}
+
+Listener::Listener() = default;
+Listener::~Listener() = default;
+
+QString Listener::start(const QString& path, Handler handler)
+{
+    stop();
+    auto started = std::make_unique<Thread>(QFile::encodeName(path), std::move(handler));
+    QString reason = started->start();
+    if (reason.isEmpty()) {
+        thread = std::move(started);
+    }
+    return reason;
+}
+
+void Listener::stop()
+{
+    thread.reset();
+}
+
+} // namespace simulator

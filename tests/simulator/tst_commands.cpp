@@ -1,0 +1,448 @@
+// SPDX-License-Identifier: MIT
+// What a person may do to a running simulator from outside, by the program ombrix-simulator.
+#include "tests/simulator/scene.h"
+
+#include "simulator/control.h"
+#include "simulator/socketaddress.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QProcess>
+#include <QtTest/QTest>
+
+#include <array>
+#include <atomic>
+#include <memory>
+#include <thread>
+#include <vector>
+
+#include <sys/stat.h>
+
+using ombrix_sdk::ICamera;
+using scene::Scene;
+
+namespace {
+
+constexpr int longest = 60'000; ///< milliseconds that a program may take
+
+struct Output {
+    int exitCode = -1;
+    QString standardOutput;
+    QString standardError;
+};
+
+QString socketOf(const Scene& scene)
+{
+    return scene.path(QStringLiteral("control"));
+}
+
+QProcessEnvironment ownEnvironment()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const QString& name : environment.keys()) {
+        if (name.startsWith(QLatin1String("TAVREL_SIMULATOR_"))) {
+            environment.remove(name);
+        }
+    }
+    return environment;
+}
+
+/// Sends a command to the simulator that listens at the socket.
+Output tell(const QString& socket, const QStringList& words)
+{
+    QProcess process;
+    process.setProcessEnvironment(ownEnvironment());
+    process.start(QStringLiteral(TAVREL_COMMAND),
+                  QStringList({QStringLiteral("--at"), socket}) + words);
+    Output output;
+    if (process.waitForFinished(longest)) {
+        output = {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+                  QString::fromUtf8(process.readAllStandardError())};
+    }
+    return output;
+}
+
+Output tell(const QString& socket, const char* words)
+{
+    return tell(socket, QString::fromUtf8(words).split(QLatin1Char(' ')));
+}
+
+/// A simulator that listens, in this process.
+struct Listening {
+    Listening() : Listening(QByteArray()) {}
+    explicit Listening(const QByteArray& settings)
+        : scene("[simulator]\ncontrol=control\n" + settings)
+    {}
+
+    Output tell(const char* words) { return ::tell(socketOf(scene), words); }
+
+    Scene scene;
+};
+
+/// A program of its own that is connected and waits.
+std::unique_ptr<QProcess> waitingProgram(const QString& socket)
+{
+    auto process = std::make_unique<QProcess>();
+    QProcessEnvironment environment = ownEnvironment();
+    environment.insert(QStringLiteral("TAVREL_SIMULATOR_CONTROL"), socket);
+    process->setProcessEnvironment(environment);
+    process->setProcessChannelMode(QProcess::SeparateChannels);
+    process->start(QStringLiteral(TAVREL_PROBE), {QStringLiteral("--wait")});
+    while (!process->canReadLine() && process->waitForReadyRead(longest)) {
+    }
+    return process->readLine() == "connected\n" ? std::move(process) : nullptr;
+}
+
+QByteArray valueTold(QProcess& program)
+{
+    program.write("\n");
+    while (!program.canReadLine() && program.waitForReadyRead(longest)) {
+    }
+    return program.readLine();
+}
+
+/// A connection that sends what it is told to.
+class RawPeer {
+public:
+    explicit RawPeer(const QString& path) : descriptor(socket(AF_UNIX, SOCK_STREAM, 0))
+    {
+        const simulator::SocketAddress address(path.toStdString());
+        connected = connect(descriptor, address.get(), simulator::SocketAddress::size()) == 0;
+    }
+    ~RawPeer() { close(descriptor); }
+    RawPeer(const RawPeer&) = delete;
+    RawPeer& operator=(const RawPeer&) = delete;
+
+    bool send(const QByteArray& bytes) const
+    {
+        return connected && ::send(descriptor, bytes.constData(), static_cast<size_t>(bytes.size()),
+                                   MSG_NOSIGNAL) == bytes.size();
+    }
+    /// Ends the request and waits for the answer.
+    QByteArray answer() const
+    {
+        shutdown(descriptor, SHUT_WR);
+        QByteArray text;
+        std::array<char, 4096> piece{};
+        for (ssize_t count = 0; (count = recv(descriptor, piece.data(), piece.size(), 0)) > 0;) {
+            text.append(piece.data(), static_cast<int>(count));
+        }
+        return text;
+    }
+
+private:
+    int descriptor;
+    bool connected = false;
+};
+
+} // namespace
+
+class TestCommands : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void withoutBeingAskedForNobodyListens()
+    {
+        Scene scene;
+        QCOMPARE(QDir().entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot),
+                 QStringList(QStringLiteral("sdk.log")));
+        const Output output = tell(socketOf(scene), "list");
+        QCOMPARE(output.exitCode, 3);
+        QCOMPARE(output.standardError,
+                 QStringLiteral("ombrix-simulator: no simulator listens at %1: No such file or "
+                                "directory\n")
+                     .arg(socketOf(scene)));
+    }
+
+    void aCameraIsMadeWarmerWhileItsProgramIdles()
+    {
+        Listening simulator;
+        ICamera& camera = simulator.scene.camera();
+        const Output output = simulator.tell("set camera sensorTemperature=345000 gsk=9");
+        QCOMPARE(output.standardError, QString());
+        QCOMPARE(output.standardOutput, QString());
+        QCOMPARE(output.exitCode, 0);
+        ombrix_sdk::Temperatures temperatures{};
+        camera.getTemperatures(&temperatures);
+        QCOMPARE(temperatures.sensor, 345000.0F);
+        QCOMPARE(camera.getGsk(), 9U);
+        QCOMPARE(simulator.tell("get camera sensorTemperature").standardOutput,
+                 QStringLiteral("345000\n"));
+        QVERIFY(simulator.tell("get camera").standardOutput.contains(QStringLiteral("\ngsk=9\n")));
+        QCOMPARE(
+            simulator.scene.newLog().constLast(),
+            QStringLiteral("notice   from outside: set camera sensorTemperature=345000 gsk=9"));
+    }
+
+    void aCameraIsMadeToFailAndToWorkAgain()
+    {
+        Listening simulator;
+        ICamera& camera = simulator.scene.camera();
+        QCOMPARE(tell(socketOf(simulator.scene),
+                      {QStringLiteral("fault"), QStringLiteral("setGsk"),
+                       QStringLiteral("where=gsk 7, 100-200"), QStringLiteral("calls=2-")})
+                     .exitCode,
+                 0);
+        QCOMPARE(camera.setGsk(7), ombrix_sdk::Flag{1});
+        QCOMPARE(camera.setGsk(7), ombrix_sdk::Flag{0});
+        QCOMPARE(simulator.tell("lift setGsk").exitCode, 0);
+        QCOMPARE(camera.setGsk(7), ombrix_sdk::Flag{1});
+        QCOMPARE(simulator.tell("fault connection lost=true").exitCode, 0);
+        QCOMPARE(camera.setGsk(7), ombrix_sdk::Flag{0});
+        QCOMPARE(simulator.tell("lift").exitCode, 0);
+        QCOMPARE(camera.setGsk(7), ombrix_sdk::Flag{1});
+        QCOMPARE(simulator.tell("calls setGsk").standardOutput, QStringLiteral("5\n"));
+        QCOMPARE(simulator.tell("calls").standardOutput,
+                 QStringLiteral("openCamera 1\nsetGsk 5\nconnect 1\n"));
+    }
+
+    void aCameraIsPulledOutAndLosesItsPower()
+    {
+        Listening simulator;
+        ICamera& camera = simulator.scene.camera();
+        camera.setTestPattern(true);
+        QCOMPARE(simulator.tell("pull 20417").exitCode, 0);
+        QCOMPARE(camera.getTestPattern(), ombrix_sdk::Flag{0});
+        QCOMPARE(simulator.tell("list").standardOutput.section(QLatin1Char('\n'), 0, 0),
+                 QStringLiteral("[camera] serial number 20417 on port *, pulled out"));
+        QCOMPARE(simulator.tell("plug 20417").exitCode, 0);
+        QCOMPARE(camera.getTestPattern(), ombrix_sdk::Flag{1});
+        QCOMPARE(simulator.tell("power").exitCode, 0);
+        QCOMPARE(camera.getTestPattern(), ombrix_sdk::Flag{0});
+    }
+
+    void theClockIsSet()
+    {
+        Listening simulator("manualClock=true\n");
+        QCOMPARE(simulator.tell("advance 1500").exitCode, 0);
+        QCOMPARE(simulator.tell("fault getGsk value=1").exitCode, 0);
+        QCOMPARE(simulator.tell("list").standardOutput,
+                 QStringLiteral("[camera] serial number 20417 on port *\nfault [getGsk]\n"
+                                "clock 1500 ms, speed 0\n"));
+        QCOMPARE(simulator.tell("speed 2.5").exitCode, 0);
+        QVERIFY(simulator.tell("list").standardOutput.endsWith(QStringLiteral(" ms, speed 2.5\n")));
+    }
+
+    void aCallThatWaitsIsEndedByTheClock_data()
+    {
+        QTest::addColumn<bool>("byAdvancing");
+        QTest::newRow("that stands still") << false;
+        QTest::newRow("that is moved") << true;
+    }
+
+    void aCallThatWaitsIsEndedByTheClock()
+    {
+        QFETCH(bool, byAdvancing);
+        Listening simulator;
+        ICamera& camera = simulator.scene.camera();
+        QCOMPARE(simulator.tell("fault getGsk delay=86400000 value=77").exitCode, 0);
+        std::atomic<std::uint32_t> answer = 0;
+        std::thread program([&] { answer = camera.getGsk(); });
+        // It is counted as soon as it has come in, and lets others in when it waits.
+        QTRY_COMPARE_WITH_TIMEOUT(ombrix_simulator::calls("getGsk"), 1, longest);
+        QCOMPARE(simulator.tell(byAdvancing ? "advance 86400000" : "speed 0").exitCode, 0);
+        QTRY_COMPARE_WITH_TIMEOUT(answer.load(), 77U, longest);
+        program.join();
+    }
+
+    void aWrongCommandIsRefusedAndChangesNothing_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("told");
+        const auto row = [](const char* command, int exitCode, const char* told) {
+            QTest::newRow(command)
+                << QString::fromLatin1(command) << exitCode << QString::fromLatin1(told);
+        };
+        row("set camera|gama=1", 1, "[camera] gama: unknown key; there are ");
+        row("set camera|gsk=1|gsk=x", 1, "\"gsk\" stands in line 2 already");
+        row("set camera|gsk=1|frameRate=256", 1,
+            "[camera] frameRate: \"256\" is not a whole number from 0 to 255; nothing is changed");
+        row("set kamera|gsk=1", 1, "there is no camera \"kamera\"; there are camera\n");
+        row("set camera", 2, "usage: set CAMERA KEY=VALUE...\n");
+        row("get camera|gama", 1, "unknown key \"gama\"; there are ");
+        row("get camera|gsk|gms", 2, "usage: get CAMERA [KEY]\n");
+        row("fault setGama|value=1", 1,
+            "[setGama]: no operation has this name; the section does nothing\n");
+        row("fault setGsk|value=256", 1,
+            "[setGsk] value: \"256\" is not a whole number from 0 to 255; the section does "
+            "nothing");
+        row("lift setGsk", 1, "no fault \"setGsk\" was put; there are none\n");
+        row("calls getGks", 1, "there is no operation \"getGks\"\n");
+        row("pull kamera", 1, "there is no camera \"kamera\"; there are camera\n");
+        row("plug camera", 1, "[camera] is plugged in already\n");
+        row("advance -1", 1, "\"-1\" is not a whole number from 0 to 4294967295\n");
+        row("speed fast", 1, "\"fast\" is not a number\n");
+        row("speed 1001", 1, "1001 is no speed: 0, or 0.001 to 1000\n");
+        row("list all", 2, "usage: list\n");
+        row("warm", 2,
+            "there is no command \"warm\"; there are list, get, set, fault, lift, calls, pull, "
+            "plug, power, advance, speed\n");
+        row("set camera|gsk=\x1b", 2, "a command is text in UTF-8\n");
+    }
+
+    void aWrongCommandIsRefusedAndChangesNothing()
+    {
+        QFETCH(QString, command);
+        QFETCH(int, exitCode);
+        QFETCH(QString, told);
+        Listening simulator;
+        const QString socket = socketOf(simulator.scene);
+        const QString before = tell(socket, "get camera").standardOutput;
+        command.replace(command.indexOf(QLatin1Char(' ')), 1, QLatin1Char('|'));
+        simulator.scene.newLog();
+        const Output output = tell(socket, command.split(QLatin1Char('|')));
+        QCOMPARE(output.exitCode, exitCode);
+        QCOMPARE(output.standardOutput, QString());
+        QVERIFY2(output.standardError.startsWith(told), qPrintable(output.standardError));
+        QCOMPARE(tell(socket, "get camera").standardOutput, before);
+        QCOMPARE(simulator.scene.newLog(), QStringList());
+    }
+
+    void wordsThatAreNoCommandAreNotSent()
+    {
+        Listening simulator;
+        const QString socket = socketOf(simulator.scene);
+        QCOMPARE(tell(socket, QStringList()).exitCode, 2);
+        QCOMPARE(tell(socket, {QStringLiteral("lift"), QString()}).exitCode, 2);
+        QCOMPARE(tell(socket, {QStringLiteral("set\ncamera\ngsk=1")}).exitCode, 2);
+        QCOMPARE(tell(socket, {QString(70'000, QLatin1Char('x'))}).exitCode, 2);
+        QCOMPARE(tell(QString(), "list").exitCode, 2);
+        QCOMPARE(tell(QString(400, QLatin1Char('y')), "list").exitCode, 3);
+    }
+
+    void randomBytesAreNoCommand()
+    {
+        Listening simulator;
+        const QString socket = socketOf(simulator.scene);
+        for (const QByteArray& bytes :
+             {QByteArray("\0\0\0\0", 4), QByteArray("set\ncamera\n\xff\xfe"), QByteArray("\n\n\n"),
+              QByteArray(), QByteArray("lift\n\n"), QByteArray("\x7f")}) {
+            RawPeer peer(socket);
+            QVERIFY(peer.send(bytes));
+            QVERIFY2(peer.answer().startsWith("2\n"), bytes.left(20).toHex().constData());
+        }
+        RawPeer endless(socket);
+        QVERIFY(endless.send(QByteArray(65'537, 'x')));
+        QCOMPARE(endless.answer(), QByteArray("2\na command has at most 65536 bytes\n"));
+        QCOMPARE(simulator.tell("get camera gsk").standardOutput, QStringLiteral("6\n"));
+    }
+
+    void whoeverDoesNotEndACommandKeepsNobodyWaiting()
+    {
+        Listening simulator;
+        ICamera& camera = simulator.scene.camera();
+        std::vector<std::unique_ptr<RawPeer>> peers;
+        for (int peer = 0; peer < 40; ++peer) {
+            peers.push_back(std::make_unique<RawPeer>(socketOf(simulator.scene)));
+            QVERIFY(peers.back()->send("set\ncamera\ngsk=11"));
+            QCOMPARE(camera.getGsk(), 6U);
+        }
+        QCOMPARE(simulator.tell("set camera gms=5").exitCode, 0);
+        QCOMPARE(camera.getGms(), 5U);
+        QCOMPARE(peers.back()->answer(), QByteArray("0\n"));
+        QCOMPARE(camera.getGsk(), 11U);
+    }
+
+    void onlyTheSameUserMaySendCommands()
+    {
+        Listening simulator;
+        struct stat facts {};
+        QCOMPARE(lstat(qPrintable(socketOf(simulator.scene)), &facts), 0);
+        QVERIFY(S_ISSOCK(facts.st_mode));
+        QCOMPARE(facts.st_mode & 0777U, 0600U);
+    }
+
+    void aSimulatorThatIsAskedNoMoreTakesItsSocketAway()
+    {
+        Listening simulator;
+        QVERIFY(QFileInfo::exists(socketOf(simulator.scene)));
+        simulator.scene.restart("[camera]\n");
+        QVERIFY(!QFileInfo::exists(socketOf(simulator.scene)));
+        QCOMPARE(simulator.tell("list").exitCode, 3);
+    }
+
+    void aLongPathIsReached()
+    {
+        Scene scene;
+        const QString folder = scene.path(QString(120, QLatin1Char('d')));
+        QVERIFY(QDir().mkdir(folder));
+        const QString socket = folder + QStringLiteral("/control");
+        Scene::setVariable("TAVREL_SIMULATOR_CONTROL", socket);
+        scene.restart();
+        QCOMPARE(scene.newProblems(), QStringList());
+        QCOMPARE(tell(socket, "get camera gsk").standardOutput, QStringLiteral("6\n"));
+        Scene::setVariable("TAVREL_SIMULATOR_CONTROL", QString());
+        scene.restart();
+        QVERIFY(!QFileInfo::exists(socket));
+    }
+
+    void whereItCannotListenItSaysSoAndGoesOn()
+    {
+        Scene scene;
+        const auto problemAt = [&scene](const QString& socket) {
+            Scene::setVariable("TAVREL_SIMULATOR_CONTROL", socket);
+            scene.restart();
+            return scene.newProblems();
+        };
+        const QString message = QStringLiteral("problem  control %1: %2; no commands are taken");
+        const QString nowhere = scene.path(QStringLiteral("nowhere/control"));
+        QCOMPARE(problemAt(nowhere),
+                 QStringList(message.arg(nowhere, QStringLiteral("No such file or directory"))));
+        // What is no socket stays as it is.
+        const QString file = scene.path(QStringLiteral("file"));
+        scene.write(QStringLiteral("file"), "mine");
+        QCOMPARE(problemAt(file),
+                 QStringList(message.arg(file, QStringLiteral("something is there already"))));
+        QCOMPARE(scene.read(QStringLiteral("file")), QByteArray("mine"));
+        const QString longName = scene.path(QString(200, QLatin1Char('n')));
+        QCOMPARE(problemAt(longName),
+                 QStringList(message.arg(longName, QStringLiteral("the name is too long"))));
+        QCOMPARE(scene.camera().getGsk(), 6U);
+    }
+
+    void aProgramOfItsOwnIsChangedWhileItWaits()
+    {
+        Scene scene;
+        const auto program = waitingProgram(socketOf(scene));
+        QVERIFY(program);
+        QCOMPARE(valueTold(*program), QByteArray("6\n"));
+        QCOMPARE(tell(socketOf(scene), "set camera gsk=42").exitCode, 0);
+        QCOMPARE(valueTold(*program), QByteArray("42\n"));
+        // A second one must not take its socket.
+        const auto second = waitingProgram(socketOf(scene));
+        QVERIFY(second);
+        QVERIFY(second->readAllStandardError().contains(
+            "control " + socketOf(scene).toUtf8() +
+            ": something is there already; no commands are taken"));
+        QCOMPARE(tell(socketOf(scene), "get camera gsk").standardOutput, QStringLiteral("42\n"));
+        program->closeWriteChannel();
+        QVERIFY(program->waitForFinished(longest));
+        QCOMPARE(program->exitCode(), 0);
+        QVERIFY(!QFileInfo::exists(socketOf(scene)));
+        second->closeWriteChannel();
+        QVERIFY(second->waitForFinished(longest));
+    }
+
+    void aProgramThatWasKilledLeavesNothingInTheWay()
+    {
+        Scene scene;
+        const auto program = waitingProgram(socketOf(scene));
+        QVERIFY(program);
+        program->kill();
+        QVERIFY(program->waitForFinished(longest));
+        const Output output = tell(socketOf(scene), "list");
+        QCOMPARE(output.exitCode, 3);
+        QVERIFY2(output.standardError.contains(QStringLiteral("Connection refused")),
+                 qPrintable(output.standardError));
+        const auto next = waitingProgram(socketOf(scene));
+        QVERIFY(next);
+        QCOMPARE(tell(socketOf(scene), "get camera gsk").standardOutput, QStringLiteral("6\n"));
+        next->closeWriteChannel();
+        QVERIFY(next->waitForFinished(longest));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCommands)
+#include "tst_commands.moc"
