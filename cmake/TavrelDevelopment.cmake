@@ -54,4 +54,5 @@ install(FILES
 install(FILES ${PROJECT_SOURCE_DIR}/simulator/simulator.example.ini
     DESTINATION ${TAVREL_SDK_DOCUMENTS}/examples COMPONENT development)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/simulator/plans ${development}/program
+        ${development}/ci-job
     DESTINATION ${TAVREL_SDK_DOCUMENTS}/examples COMPONENT development)
