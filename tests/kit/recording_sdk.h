@@ -25,6 +25,8 @@
 
 namespace recording {
 
+using ombrix_sdk::Flag;
+
 /// One call of an SDK operation, or one log record.
 struct OMBRIX_SDK_API Entry {
     std::string operation; ///< "camera.setGamma", "sdk.saveConfiguration"; "log" for a record
@@ -55,33 +57,63 @@ struct Region {
 /// A table region of 8192 bytes whose first records name these pixel indexes; the rest is zero.
 OMBRIX_SDK_API std::vector<std::uint8_t> tableOf(const std::vector<std::uint64_t>& indexes);
 
+/// What a number of a table of beginnings begins with; 0 where nothing is said there.
+struct Beginning {
+    std::string_view value;
+    double number;
+};
+
+template<std::size_t size>
+constexpr double beginning(const Beginning (&table)[size], std::string_view value)
+{
+    for (const Beginning& row : table) {
+        if (row.value == value) {
+            return row.number;
+        }
+    }
+    return 0;
+}
+
+inline constexpr Beginning cameraBegins[] = {
+    {"serialNumber", 4711},
+    {"sensorSerialNumber", 815},
+    {"frameRate", 9}, // Hz
+    {"gamma", 65536}, // 16.16 fixed point
+    {"clhe", 2000},
+    {"lutTemporalFilter", 3},
+    {"gsk", 2},
+    {"gfid", 300},
+    {"gms", 40},
+    {"tint", 5},
+};
+
+// clang-format off
+inline constexpr Beginning configurationBegins[] = {
+    {"baudRate", 115200},
+    {"roi0IncX1", 15}, {"roi0IncY1", 16}, {"roi0IncX2", 600}, {"roi0IncY2", 440},
+    {"roi0ExcX1", 21}, {"roi0ExcY1", 22}, {"roi0ExcX2", 123}, {"roi0ExcY2", 124},
+    {"roi1IncX1", 31}, {"roi1IncY1", 32}, {"roi1IncX2", 133}, {"roi1IncY2", 134},
+    {"roi1ExcX1", 41}, {"roi1ExcY1", 42}, {"roi1ExcX2", 143}, {"roi1ExcY2", 144},
+    {"zoomFactor", 1}, {"zoomXCenter", 320}, {"zoomYCenter", 240},
+    {"zoomXResolution", 720}, {"zoomYResolution", 576},
+    {"frameRate", 9}, // Hz
+};
+// clang-format on
+
 /// The camera behind the getters. A setter that answers nonzero stores its values here.
 struct CameraState {
     std::uint32_t versions = 0x02040123; ///< processor 1.2.3, FPGA 2.0.4 at 60 Hz
     std::array<Region, 4> regions = {{{5, 635, 5, 475}, {0, 0, 0, 0}, {0, 0, 0, 0}, {0, 0, 0, 0}}};
-    std::uint32_t serialNumber = 4711;
-    std::uint32_t sensorSerialNumber = 815;
     ombrix_sdk::Temperatures temperatures = {298000.0F, 310500.0F}; ///< milli-kelvin
     ombrix_sdk::OperatingTime operatingTime = {1234, 56};
-    std::uint32_t gsk = 2;
-    std::uint32_t gfid = 300;
-    std::uint32_t gms = 40;
-    std::uint32_t tint = 5;
-    // What is on or off.
-#define GET_FLAG(name, value) std::uint8_t value = 0;
+    // What is one number.
+#define GET(Type, name, value) Type value = static_cast<Type>(beginning(cameraBegins, #value));
 #include "sdk/operations.def"
-    std::uint8_t frameRate = 9; ///< Hz
-    std::uint8_t videoOutput = 0;
     std::uint32_t baudRate = 115200;
     ombrix_sdk::EdgeCorrection edgeCorrection = {0, 10, 20, 60};
     ombrix_sdk::Zoom zoom = {1.0F, 320, 240, 0};
     ombrix_sdk::ZoomResolution zoomResolution = {720, 576};
-    std::uint8_t contrastType = 0;
-    std::uint8_t colorLut = 0;
     ombrix_sdk::AhcGainsLimitation ahcGains = {10, 20};
-    std::uint8_t lutTemporalFilter = 3;
-    std::uint32_t gamma = 65536; ///< 16.16 fixed point
-    std::uint32_t clhe = 2000;
     std::uint8_t shutterClosed = 0;
     /// What readTableData copies out; what writeTableData stores.
     std::vector<std::uint8_t> table = tableOf({5, 7});
@@ -96,24 +128,11 @@ struct CameraState {
 
 /// The settings behind the configuration's getters.
 struct ConfigurationState {
-    std::int32_t baudRate = 115200;
     std::string communicationType = "UART";
-    double roi0IncX1 = 15, roi0IncY1 = 16, roi0IncX2 = 600, roi0IncY2 = 440;
-    double roi0ExcX1 = 21, roi0ExcY1 = 22, roi0ExcX2 = 123, roi0ExcY2 = 124;
-    double roi1IncX1 = 31, roi1IncY1 = 32, roi1IncX2 = 133, roi1IncY2 = 134;
-    double roi1ExcX1 = 41, roi1ExcY1 = 42, roi1ExcX2 = 143, roi1ExcY2 = 144;
-    // What is on or off.
-#define SETTING_FLAG(name, value) std::uint8_t value = 0;
+    // What is one number.
+#define SETTING(Type, name, value)                                                                 \
+    Type value = static_cast<Type>(beginning(configurationBegins, #value));
 #include "sdk/operations.def"
-    std::uint8_t contrastType = 0, colorLut = 0, polarity = 0;
-    float zoomFactor = 1.0F;
-    std::uint8_t zoomMethod = 0;
-    std::int32_t zoomXCenter = 320, zoomYCenter = 240, zoomXResolution = 720, zoomYResolution = 576;
-    std::uint8_t frameRate = 9; ///< Hz
-    std::uint8_t edgeCorrection = 0;
-    std::uint32_t sharpeningGain = 0, sharpeningThreshold = 0;
-    std::uint8_t videoOutput = 0;
-    std::uint8_t temporalFilter = 0, ahcBlackGainLimit = 0, ahcWhiteGainLimit = 0;
 };
 
 class Library;

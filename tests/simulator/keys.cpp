@@ -102,14 +102,34 @@ Reader member(std::int32_t ISdkConfiguration::*field)
     };
 }
 
-/// Whether the built-in camera has the parameter on.
-bool initially(const QByteArray& parameter)
+/// What the built-in camera has.
+double initially(const QByteArray& parameter)
 {
     static const QMap<QByteArray, double> values = {
 #define PARAMETER(key, kind, initial, lowest, highest, retention) {#key, double{initial}},
 #include "simulator/parameters.def"
     };
-    return values.value(parameter) != 0;
+    return values.value(parameter);
+}
+
+/// A number that has no row of its own is tried as 1 or 2, whichever it is not by itself.
+void addPlain(QVector<Key>& keys, const char* name, double initial, const Reader& read)
+{
+    if (std::none_of(keys.cbegin(), keys.cend(),
+                     [&](const Key& key) { return qstrcmp(key.name, name) == 0; })) {
+        const char* const text = initial == 1 ? "2" : "1";
+        keys.append({name, text, text, read});
+    }
+}
+
+/// The name of a setting's key, and its built-in value.
+QPair<const char*, double> keyOf(const QByteArray& setting)
+{
+    static const QMap<QByteArray, QPair<const char*, double>> keys = {
+#define KEY(setting, key, kind, initial) {#setting, {#key, double{initial}}},
+#include "simulator/configuration.def"
+    };
+    return keys.value(setting);
 }
 
 } // namespace
@@ -195,14 +215,8 @@ QVector<Key> ofCamera()
         {"roi1IncEnabled", "false", "0", region(&C::getRoiX1, 2)},
         {"roi1ExcEnabled", "true", "280", region(&C::getRoiX1, 3)},
     };
-    // What is on or off and has no row of its own: tried as what it is not by itself.
-    const auto add = [&](const char* name, bool initial, ombrix_sdk::Flag (C::*get)()) {
-        if (std::none_of(keys.cbegin(), keys.cend(),
-                         [&](const Key& key) { return qstrcmp(key.name, name) == 0; })) {
-            keys.append({name, initial ? "false" : "true", initial ? "0" : "1", camera(get)});
-        }
-    };
-#define GET_FLAG(operation, value) add(#value, initially(#value), &C::operation);
+#define GET(Type, operation, value)                                                                \
+    addPlain(keys, #value, initially(#value), camera(&C::operation));
 #include "sdk/operations.def"
     return keys;
 }
@@ -210,7 +224,7 @@ QVector<Key> ofCamera()
 QVector<Key> ofConfiguration()
 {
     using C = ISdkConfiguration;
-    return {
+    QVector<Key> keys = {
         {"baudRate", "-1", "-1", configuration(&C::getDefaultBaudRate)},
         {"expertMode", "false", "0", configuration(&C::isExpertModeEnabled)},
         {"gskValue", "1", "1", member(&C::gskValue)},
@@ -273,6 +287,10 @@ QVector<Key> ofConfiguration()
         {"defaultAhcBlackGainLimit", "26", "26", configuration(&C::getDefaultAhcBlackGainLimit)},
         {"defaultAhcWhiteGainLimit", "27", "27", configuration(&C::getDefaultAhcWhiteGainLimit)},
     };
+#define SETTING(Type, operation, value)                                                            \
+    addPlain(keys, keyOf(#value).first, keyOf(#value).second, configuration(&C::operation));
+#include "sdk/operations.def"
+    return keys;
 }
 
 QStringList others()
