@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Every signal connection of the window, in the order in which they are made.
 #include "app/mainwindow.h"
+#include "params/mirroredpair.h"
 #include "params/regions.h"
+#include "params/values.h"
 #include "ui_mainwindow.h"
 
 #include <QtCore/QTimer>
@@ -10,68 +12,28 @@ void MainWindow::makeSliderConnections()
 {
     connect(timer, &QTimer::timeout, this, &MainWindow::monitoringSystem);
 
-    struct SliderRow {
-        QSlider* slider;
-        const char* changed;
-        const char* released;
-    };
-    const SliderRow rows[] = {
-        {ui->gammaSlider, SLOT(GammaUserSliderChanged(int)), SLOT(gammaUserSendCommand())},
-        {ui->clheSlider, SLOT(ClheUserSliderChanged(int)), SLOT(clheSendCommand())},
-        {ui->sharpeningGainSlider, SLOT(SharpeningUserSliderChanged(int)),
-         SLOT(sharpeningSendCommand())},
-        {ui->SharpeningTHSlider, SLOT(SharpeningTHSliderChanged(int)),
-         SLOT(sharpeningSendCommand())},
-        {ui->AhcBlackGainLimSlider, SLOT(AhcBlackGainlimSliderChanged(int)),
-         SLOT(ahcGainSendCommand())},
-        {ui->AhcWhiteGainLimSlider, SLOT(AhcWhiteGainlimSliderChanged(int)),
-         SLOT(ahcGainSendCommand())},
-        {ui->TempoFilterSlider, SLOT(TempoFilterSliderChanged(int)),
-         SLOT(tempoFilterSendCommand())},
-        {ui->gskSlider, SLOT(GSKExpertSliderChanged(int)), SLOT(gskSendCommand())},
-        {ui->gfidSlider, SLOT(GFIDExpertSliderChanged(int)), SLOT(gfiSendCommand())},
-        {ui->gmsSlider, SLOT(GMSExpertSliderChanged(int)), SLOT(gmsSendCommand())},
-        {ui->tintSlider, SLOT(TINTExpertSliderChanged(int)), SLOT(tintSendCommand())},
-    };
-    for (const SliderRow& row : rows) {
-        connect(row.slider, SIGNAL(valueChanged(int)), this, row.changed);
-    }
-    for (const SliderRow& row : rows) {
-        connect(row.slider, SIGNAL(sliderReleased()), this, row.released);
-    }
+#define SLOT_PAIR(name, Number, slider, spinBox, scale, moved, changed, send)                      \
+    connect(ui->slider, SIGNAL(valueChanged(int)), this, SLOT(moved(int)));
+#define PAIR(name, Number, slider, spinBox, scale)                                                 \
+    connect(ui->slider, &QSlider::valueChanged, this,                                              \
+            [this](int step) { mirrorToSpinBox(*ui, tavrel::pair::name, step); });
+#include "params/values.def"
+#define SLOT_PAIR(name, Number, slider, spinBox, scale, moved, changed, send)                      \
+    connect(ui->slider, SIGNAL(sliderReleased()), this, SLOT(send()));
+#define PAIR(name, Number, slider, spinBox, scale)                                                 \
+    connect(ui->slider, &QSlider::sliderReleased, this,                                            \
+            [this] { sendValue(tavrel::value::name, ui->spinBox->value()); });
+#include "params/values.def"
 }
 
 void MainWindow::makeEditConnections()
 {
-    struct EditRow {
-        QAbstractSpinBox* box;
-        const char* changedSignal;
-        const char* changed;
-        const char* finished;
-    };
-    const char* const decimal = SIGNAL(valueChanged(double));
-    const char* const integer = SIGNAL(valueChanged(int));
-    const EditRow rows[] = {
-        {ui->gammaEdit, decimal, SLOT(GammaUserValueChanged(double)), SLOT(gammaUserSendCommand())},
-        {ui->clheEdit, decimal, SLOT(ClheUserValueChanged(double)), SLOT(clheSendCommand())},
-        {ui->sharpeningGainEdit, decimal, SLOT(SharpeningUserValueChanged(double)),
-         SLOT(sharpeningSendCommand())},
-        {ui->SharpeningTHEdit, decimal, SLOT(SharpeningTHValueChanged(double)),
-         SLOT(sharpeningSendCommand())},
-        {ui->AhcBlackGainLimSpin, integer, SLOT(AhcBlackGainLimSpinValueChanged(int)),
-         SLOT(ahcGainSendCommand())},
-        {ui->AhcWhiteGainLimSpin, integer, SLOT(AhcWhiteGainLimSpinValueChanged(int)),
-         SLOT(ahcGainSendCommand())},
-        {ui->TempoFilterSpin, integer, SLOT(TempoFiltSpinValueChanged(int)),
-         SLOT(tempoFilterSendCommand())},
-        {ui->gskEdit, decimal, SLOT(GSKExpertValueChanged(double)), SLOT(gskSendCommand())},
-        {ui->gfidEdit, decimal, SLOT(GFIDExpertValueChanged(double)), SLOT(gfiSendCommand())},
-        {ui->gmsEdit, decimal, SLOT(GMSExpertValueChanged(double)), SLOT(gmsSendCommand())},
-        {ui->tintEdit, decimal, SLOT(TINTExpertValueChanged(double)), SLOT(tintSendCommand())},
-    };
-    for (const EditRow& row : rows) {
-        connect(row.box, row.changedSignal, this, row.changed);
-    }
+#define SLOT_PAIR(name, Number, slider, spinBox, scale, moved, changed, send)                      \
+    connect(ui->spinBox, SIGNAL(valueChanged(Number)), this, SLOT(changed(Number)));
+#define PAIR(name, Number, slider, spinBox, scale)                                                 \
+    connect(ui->spinBox, qOverload<Number>(&tavrel::MirroredPair<Number>::SpinBox::valueChanged),  \
+            this, [this](Number number) { mirrorToSlider(*ui, tavrel::pair::name, number); });
+#include "params/values.def"
 
     const auto forward = [this](QSpinBox* box, void (MainWindow::*slot)(int), int region) {
         connect(box, &QSpinBox::editingFinished, this,
@@ -86,9 +48,12 @@ void MainWindow::makeEditConnections()
         forward(ui->*row.y2, &MainWindow::y2RoiUserValueChanged, region);
     }
 
-    for (const EditRow& row : rows) {
-        connect(row.box, SIGNAL(editingFinished()), this, row.finished);
-    }
+#define SLOT_PAIR(name, Number, slider, spinBox, scale, moved, changed, send)                      \
+    connect(ui->spinBox, SIGNAL(editingFinished()), this, SLOT(send()));
+#define PAIR(name, Number, slider, spinBox, scale)                                                 \
+    connect(ui->spinBox, &QAbstractSpinBox::editingFinished, this,                                 \
+            [this] { sendValue(tavrel::value::name, ui->spinBox->value()); });
+#include "params/values.def"
 }
 
 void MainWindow::makeControlConnections()
@@ -105,7 +70,7 @@ void MainWindow::makeControlConnections()
     onClick(ui->PermanentButton, &MainWindow::changePermanentButtonText);
     onClick(ui->AboutButton, &MainWindow::createAboutWindow);
     connect(ui->clearLogButton, &QPushButton::clicked, ui->logView, &QPlainTextEdit::clear);
-#define SWITCH(tab, name, word, get, set, button, caption, label, on, off, ok, ko, handler)        \
+#define SWITCH(group, name, word, get, set, button, caption, label, on, off, ok, ko, handler)      \
     onClick(ui->button, &MainWindow::handler);
 #include "params/switches.def"
     onClick(ui->userNucRequest, &MainWindow::ApplyNucRequest);

@@ -23,7 +23,8 @@ struct Coordinate;
 struct ExpertValue;
 struct TableEdit;
 struct Toggle;
-enum class Tab;
+struct Value;
+enum class Group;
 
 namespace bpr {
 struct Refusal;
@@ -157,10 +158,9 @@ private:
     bool readCameraParameters();
     void readIdentity(std::uint32_t versions);
     void readToggle(const tavrel::Toggle& toggle);
-    /// Shows the switches of one tab.
-    void readToggles(tavrel::Tab tab);
+    /// Shows switches and values that belong together.
+    void readGroup(tavrel::Group group);
     void readVideo();
-    void readGamma();
     void readRegions();
     void readLut();
     void readZoom();
@@ -168,10 +168,12 @@ private:
     void readShutterPosition();
     void setToggle(const tavrel::Toggle& toggle);
     // The handlers of the switches that are no slots.
-#define SWITCH(tab, name, word, get, set, button, caption, label, on, off, ok, ko, handler)        \
+#define SWITCH(group, name, word, get, set, button, caption, label, on, off, ok, ko, handler)      \
     void handler();
 #define SLOT_SWITCH(...)
 #include "params/switches.def"
+    /// Sends what the spin box of a value shows.
+    void sendValue(const tavrel::Value& value, double number);
     void onVideoOutputCBChanged();
     void onFrameRateCBChanged();
     void onConfigureZoomResolutionClicked();

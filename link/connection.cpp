@@ -109,7 +109,7 @@ void MainWindow::setupExpertSliders()
     const ombrix_sdk::ISdkConfiguration* configuration =
         OmbrixSdk::get_instance()->getConfiguration();
     for (const tavrel::ExpertValue* value : tavrel::expertValues) {
-        QSlider* slider = ui->*value->pair.slider;
+        QSlider* slider = ui->*value->mirrored.slider;
         const std::int32_t minimum = configuration->*value->minimum;
         slider->setRange(minimum, sliderEnd(minimum, configuration->*value->maximum));
         slider->setEnabled(true);
@@ -119,7 +119,7 @@ void MainWindow::setupExpertSliders()
         slider->setPageStep(10);
         slider->setValue(configuration->*value->configured);
 
-        QDoubleSpinBox* spinBox = ui->*value->pair.spinBox;
+        QDoubleSpinBox* spinBox = ui->*value->mirrored.spinBox;
         if (value->hasLimits) {
             spinBox->setRange(configuration->*value->minimum, configuration->*value->maximum);
         }

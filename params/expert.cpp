@@ -3,63 +3,21 @@
 #include "app/mainwindow.h"
 #include "link/connectionwatch.h"
 #include "params/expertvalues.h"
-#include "params/toggles.h"
+#include "params/group.h"
 
 #include <QtWidgets/QMessageBox>
 
 using ombrix_sdk::OmbrixSdk;
 using tavrel::ExpertValue;
 using tavrel::lowWord;
-using tavrel::mirrorToSlider;
-using tavrel::mirrorToSpinBox;
 namespace expert = tavrel::expert;
-
-void MainWindow::GSKExpertSliderChanged(int value)
-{
-    mirrorToSpinBox(*ui, expert::gsk.pair, value);
-}
-
-void MainWindow::GSKExpertValueChanged(double value)
-{
-    mirrorToSlider(*ui, expert::gsk.pair, value);
-}
-
-void MainWindow::GFIDExpertSliderChanged(int value)
-{
-    mirrorToSpinBox(*ui, expert::gfid.pair, value);
-}
-
-void MainWindow::GFIDExpertValueChanged(double value)
-{
-    mirrorToSlider(*ui, expert::gfid.pair, value);
-}
-
-void MainWindow::GMSExpertSliderChanged(int value)
-{
-    mirrorToSpinBox(*ui, expert::gms.pair, value);
-}
-
-void MainWindow::GMSExpertValueChanged(double value)
-{
-    mirrorToSlider(*ui, expert::gms.pair, value);
-}
-
-void MainWindow::TINTExpertSliderChanged(int value)
-{
-    mirrorToSpinBox(*ui, expert::tint.pair, value);
-}
-
-void MainWindow::TINTExpertValueChanged(double value)
-{
-    mirrorToSlider(*ui, expert::tint.pair, value);
-}
 
 void MainWindow::sendExpertValue(const ExpertValue& value)
 {
     if (!mayCommand()) {
         return;
     }
-    const std::uint32_t sent = lowWord((ui->*value.pair.spinBox)->value());
+    const std::uint32_t sent = lowWord((ui->*value.mirrored.spinBox)->value());
     reportResult((camera->*value.set)(sent), std::string("Set ") + value.name + " value");
 }
 
@@ -94,11 +52,11 @@ void MainWindow::ReadParamsExpert()
 
     for (const ExpertValue* value : tavrel::expertValues) {
         const std::uint32_t read = (camera->*value->get)();
-        (ui->*value->pair.slider)->setValue(tavrel::saturatedInt(std::uint64_t{read}));
-        (ui->*value->pair.spinBox)->setValue(read);
+        (ui->*value->mirrored.slider)->setValue(tavrel::saturatedInt(std::uint64_t{read}));
+        (ui->*value->mirrored.spinBox)->setValue(read);
         appendLog(std::string(value->name) + " value = " + std::to_string(read));
     }
-    readToggles(tavrel::Tab::Expert);
+    readGroup(tavrel::Group::Expert);
     appendLog("End reading camera expert parameters");
 }
 

@@ -10,19 +10,15 @@
 namespace tavrel {
 
 struct ExpertValue : DetectorValue {
-    DecimalPair pair; ///< one slider step is one unit
+    MirroredPair<double> mirrored; ///< one slider step is one unit
 };
 
 namespace expert {
 
-using Ui = Ui_MainWindow;
-
-// clang-format off
-inline constexpr ExpertValue gsk {detector::gsk,  {&Ui::gskSlider,  &Ui::gskEdit,  {1.0, 1.0, 0.0}}};
-inline constexpr ExpertValue gfid{detector::gfid, {&Ui::gfidSlider, &Ui::gfidEdit, {1.0, 1.0, 0.0}}};
-inline constexpr ExpertValue gms {detector::gms,  {&Ui::gmsSlider,  &Ui::gmsEdit,  {1.0, 1.0, 0.0}}};
-inline constexpr ExpertValue tint{detector::tint, {&Ui::tintSlider, &Ui::tintEdit, {1.0, 1.0, 0.0}}};
-// clang-format on
+inline constexpr ExpertValue gsk{detector::gsk, pair::gsk};
+inline constexpr ExpertValue gfid{detector::gfid, pair::gfid};
+inline constexpr ExpertValue gms{detector::gms, pair::gms};
+inline constexpr ExpertValue tint{detector::tint, pair::tint};
 
 } // namespace expert
 

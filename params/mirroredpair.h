@@ -6,33 +6,25 @@
 #include "params/scale.h"
 #include "ui_mainwindow.h"
 
+#include <type_traits>
+
 namespace tavrel {
 
-/// Slider with a double spin box.
-struct DecimalPair {
+/// Number: the spin box's, double or int.
+template<typename Number> struct MirroredPair {
+    using SpinBox = std::conditional_t<std::is_same_v<Number, int>, QSpinBox, QDoubleSpinBox>;
+
     QSlider* Ui_MainWindow::*slider;
-    QDoubleSpinBox* Ui_MainWindow::*spinBox;
+    SpinBox* Ui_MainWindow::*spinBox;
     Scale scale;
-
-    [[nodiscard]] double toSpinBox(int sliderValue) const { return scale.toValue(sliderValue); }
-    [[nodiscard]] int toSlider(double spinBoxValue) const { return scale.toStep(spinBoxValue); }
-};
-
-/// Slider with an integer spin box of the same scale.
-struct IntegerPair {
-    QSlider* Ui_MainWindow::*slider;
-    QSpinBox* Ui_MainWindow::*spinBox;
-
-    static int toSpinBox(int sliderValue) { return sliderValue; }
-    static int toSlider(int spinBoxValue) { return spinBoxValue; }
 };
 
 /// Shows a slider's new value in its spin box. An equal value is left alone, which ends the
 /// exchange of change signals after one round.
-template<typename Pair>
-void mirrorToSpinBox(const Ui_MainWindow& ui, const Pair& pair, int sliderValue)
+template<typename Number>
+void mirrorToSpinBox(const Ui_MainWindow& ui, const MirroredPair<Number>& pair, int sliderValue)
 {
-    const auto converted = pair.toSpinBox(sliderValue);
+    const auto converted = static_cast<Number>(pair.scale.toValue(sliderValue));
     if ((ui.*pair.spinBox)->value() != converted) {
         (ui.*pair.spinBox)->setValue(converted);
     }
@@ -40,13 +32,22 @@ void mirrorToSpinBox(const Ui_MainWindow& ui, const Pair& pair, int sliderValue)
 
 /// Shows a spin box's new value on its slider. A slider that stops at its end hands the clamped
 /// value back, unless it stood there already.
-template<typename Pair, typename Value>
-void mirrorToSlider(const Ui_MainWindow& ui, const Pair& pair, Value spinBoxValue)
+template<typename Number>
+void mirrorToSlider(const Ui_MainWindow& ui, const MirroredPair<Number>& pair, double spinBoxValue)
 {
-    const int converted = pair.toSlider(spinBoxValue);
+    const int converted = pair.scale.toStep(spinBoxValue);
     if ((ui.*pair.slider)->value() != converted) {
         (ui.*pair.slider)->setValue(converted);
     }
 }
+
+namespace pair {
+
+#define PAIR(name, Number, slider, spinBox, scale)                                                 \
+    inline constexpr MirroredPair<Number> name{&Ui_MainWindow::slider, &Ui_MainWindow::spinBox,    \
+                                               scale};
+#include "params/values.def"
+
+} // namespace pair
 
 } // namespace tavrel

@@ -3,16 +3,17 @@
 
 #include "params/conversions.h"
 #include "params/framerate.h"
+#include "params/group.h"
 #include "params/roi.h"
 #include "params/shutter.h"
 #include "params/switches.h"
+#include "params/values.h"
 
 #include <QtCore/QLocale>
 #include <QtCore/QStringList>
 
 #include <algorithm>
 #include <cmath>
-#include <string_view>
 #include <utility>
 
 namespace tavrel {
@@ -25,11 +26,6 @@ using Read = std::span<double>;
 using Written = std::span<const double>;
 
 constexpr double widest = 4294967295.0;
-
-double asFixedPoint(double value)
-{
-    return fromFixedPoint(fixedPoint(value));
-}
 
 double asSingle(double value)
 {
@@ -53,58 +49,51 @@ Row expert(Row row)
     return row;
 }
 
+/// A command of one parameter.
+template<typename Get, typename Set> Row single(Parameter parameter, Get get, Set set)
+{
+    return {{std::move(parameter)},
+            {.read =
+                 [get](Camera& camera, Read values) {
+                     values[0] = get(camera);
+                     return true;
+                 },
+             .write =
+                 [set](Camera& camera, Written values, const RegionSwitches&) {
+                     return set(camera, values[0]);
+                 }}};
+}
+
+/// One that the camera holds as the number that it is.
+template<typename Number>
+Row number(Parameter parameter, Number (Camera::*get)(), Flag (Camera::*set)(Number))
+{
+    return single(
+        std::move(parameter), [get](Camera& camera) { return (camera.*get)(); },
+        [set](Camera& camera, double value) { return send(camera, set, value); });
+}
+
 Row onOff(const char* name, const Switch& feature)
 {
-    return {{{.name = name, .choices = {{"off", 0}, {"on", 1}}, .isSwitch = true}},
-            {.read =
-                 [feature](Camera& camera, Read values) {
-                     values[0] = (camera.*feature.get)() != 0 ? 1 : 0;
-                     return true;
-                 },
-             .write =
-                 [feature](Camera& camera, Written values, const RegionSwitches&) {
-                     return feature.set(camera, values[0] != 0);
-                 }}};
+    return single(
+        {.name = name, .choices = {{"off", 0}, {"on", 1}}, .isSwitch = true},
+        [get = feature.get](Camera& camera) { return (camera.*get)() != 0 ? 1 : 0; },
+        [set = feature.set](Camera& camera, double value) { return set(camera, value != 0); });
 }
 
-using ReadByte = std::uint8_t (Camera::*)();
-using WriteByte = Flag (Camera::*)(std::uint8_t);
-
-Row byteSized(Parameter parameter, ReadByte get, WriteByte set)
+Row number(const Value& value)
 {
-    return {{std::move(parameter)},
-            {.read =
-                 [get](Camera& camera, Read values) {
-                     values[0] = (camera.*get)();
-                     return true;
-                 },
-             .write =
-                 [set](Camera& camera, Written values, const RegionSwitches&) {
-                     return (camera.*set)(byteOf(values[0]));
-                 }}};
-}
-
-using ReadWord = std::uint32_t (Camera::*)();
-using WriteWord = Flag (Camera::*)(std::uint32_t);
-
-Row wordSized(Parameter parameter, ReadWord get, WriteWord set)
-{
-    return {{std::move(parameter)},
-            {.read =
-                 [get](Camera& camera, Read values) {
-                     values[0] = (camera.*get)();
-                     return true;
-                 },
-             .write =
-                 [set](Camera& camera, Written values, const RegionSwitches&) {
-                     return (camera.*set)(lowWord(values[0]));
-                 }}};
+    return single({.name = value.word,
+                   .minimum = value.minimum,
+                   .maximum = value.maximum,
+                   .held = value.held},
+                  value.get, value.set);
 }
 
 Row detectorValue(const char* name, const DetectorValue& value)
 {
     return expert(
-        wordSized({.name = name, .maximum = widest, .detector = &value}, value.get, value.set));
+        number({.name = name, .maximum = widest, .detector = &value}, value.get, value.set));
 }
 
 std::vector<Choice> frameRateChoices()
@@ -115,20 +104,6 @@ std::vector<Choice> frameRateChoices()
         choices.push_back({names[index], double{1} * frameRateAt(index)});
     }
     return choices;
-}
-
-Row gamma()
-{
-    return {{{.name = "gamma", .minimum = 0.5, .maximum = 2.5, .held = &asFixedPoint}},
-            {.read =
-                 [](Camera& camera, Read values) {
-                     values[0] = fromFixedPoint(camera.getGamma());
-                     return true;
-                 },
-             .write =
-                 [](Camera& camera, Written values, const RegionSwitches&) {
-                     return camera.setGamma(fixedPoint(values[0]));
-                 }}};
 }
 
 struct RegionRow {
@@ -282,34 +257,34 @@ Row baudRate(const char* name, bool permanent)
                    }}});
 }
 
-/// The switches of one tab.
-void addSwitches(std::vector<Row>& table, std::string_view wanted)
+/// The switches and values of one group.
+void addGroup(std::vector<Row>& table, Group wanted)
 {
-    const auto add = [&](std::string_view tab, Row row) {
-        if (tab == wanted) {
-            table.push_back(tab == "Expert" ? expert(std::move(row)) : std::move(row));
+    const auto add = [&](Group group, Row row) {
+        if (group == wanted) {
+            table.push_back(group == Group::Expert ? expert(std::move(row)) : std::move(row));
         }
     };
-#define SWITCH(tab, name, word, ...) add(#tab, onOff(word, feature::name));
+#define SWITCH(group, name, word, ...) add(Group::group, onOff(word, feature::name));
 #include "params/switches.def"
+#define VALUE(group, name, ...) add(Group::group, number(value::name));
+#include "params/values.def"
 }
 
 std::vector<Row> rows()
 {
     // clang-format off
     std::vector<Row> table;
-    table.push_back(
-        byteSized({.name = "frame-rate", .unit = "Hz", .choices = frameRateChoices()},
-                  &Camera::getFrameRate, &Camera::setFrameRate));
-    addSwitches(table, "ImageProcessing");
-    table.push_back(
-        byteSized({.name = "video-output",
-                   .choices = {{"raw", 0}, {"nuc", 1}, {"column-correction", 2}, {"vignetting-correction", 3},
-                               {"edge-enhancement", 4}, {"lut-correction", 5}, {"reserved", 6}, {"zoom", 7},
-                               {"bt656", 8}}},
-                  &Camera::getVideoOutput, &Camera::setVideoOutput));
-    addSwitches(table, "Lut");
-    table.push_back(gamma());
+    const auto add = [&](Row row) { table.push_back(std::move(row)); };
+    add(number({.name = "frame-rate", .unit = "Hz", .choices = frameRateChoices()},
+               &Camera::getFrameRate, &Camera::setFrameRate));
+    addGroup(table, Group::ImageProcessing);
+    add(number({.name = "video-output",
+                .choices = {{"raw", 0}, {"nuc", 1}, {"column-correction", 2}, {"vignetting-correction", 3},
+                            {"edge-enhancement", 4}, {"lut-correction", 5}, {"reserved", 6}, {"zoom", 7},
+                            {"bt656", 8}}},
+               &Camera::getVideoOutput, &Camera::setVideoOutput));
+    addGroup(table, Group::Lut);
     const RegionRow regionRows[] = {
         {"roi0-inclusive-x1", &regionX1, false}, {"roi0-inclusive-x2", &regionX2, false},
         {"roi0-inclusive-y1", &regionY1, false}, {"roi0-inclusive-y2", &regionY2, false},
@@ -321,38 +296,29 @@ std::vector<Row> rows()
         {"roi1-exclusive-y1", &regionY1, false}, {"roi1-exclusive-y2", &regionY2, false},
     };
     for (std::uint32_t index = 0; const RegionRow& row : regionRows) {
-        table.push_back(regionCoordinate(index++ / 4, row));
+        add(regionCoordinate(index++ / 4, row));
     }
-    for (Row& row : std::vector<Row>{
-        byteSized({.name = "contrast-type", .choices = {{"clhe-roi", 0}, {"clahe-local", 1}}},
-                  &Camera::getContrastType, &Camera::configureContrastType),
-        byteSized({.name = "color-lut",
-                   .choices = {{"greyscale", 0}, {"iron", 1}, {"hot", 2}, {"rainbow", 3}, {"ncar", 4},
-                               {"cubehelix", 5}, {"coolwarm", 6}, {"greyscale-ycbcr", 7}}},
-                  &Camera::getColorLut, &Camera::setColorLut),
-        wordSized({.name = "clhe", .maximum = 30000}, &Camera::getClhe, &Camera::setClhe),
-        byteSized({.name = "lut-temporal-filter", .maximum = 8},
-                  &Camera::getLutTemporalFilter, &Camera::setLutTemporalFilter),
-        gainLimits(),
-        zoomResolution(),
-        zoom(),
-    }) {
-        table.push_back(std::move(row));
-    }
-    addSwitches(table, "Zoom");
-    for (Row& row : std::vector<Row>{
-        edgeCorrection(),
-        shutter(),
-        detectorValue("gsk", detector::gsk),
-        detectorValue("gfid", detector::gfid),
-        detectorValue("tint", detector::tint),
-        detectorValue("gms", detector::gms),
-    }) {
-        table.push_back(std::move(row));
-    }
-    addSwitches(table, "Expert");
-    table.push_back(baudRate("camera-baud-rate", false));
-    table.push_back(baudRate("permanent-camera-baud-rate", true));
+    add(number({.name = "contrast-type", .choices = {{"clhe-roi", 0}, {"clahe-local", 1}}},
+               &Camera::getContrastType, &Camera::configureContrastType));
+    add(number({.name = "color-lut",
+                .choices = {{"greyscale", 0}, {"iron", 1}, {"hot", 2}, {"rainbow", 3}, {"ncar", 4},
+                            {"cubehelix", 5}, {"coolwarm", 6}, {"greyscale-ycbcr", 7}}},
+               &Camera::getColorLut, &Camera::setColorLut));
+    addGroup(table, Group::Contrast);
+    addGroup(table, Group::Filter);
+    add(gainLimits());
+    add(zoomResolution());
+    add(zoom());
+    addGroup(table, Group::Zoom);
+    add(edgeCorrection());
+    add(shutter());
+    add(detectorValue("gsk", detector::gsk));
+    add(detectorValue("gfid", detector::gfid));
+    add(detectorValue("tint", detector::tint));
+    add(detectorValue("gms", detector::gms));
+    addGroup(table, Group::Expert);
+    add(baudRate("camera-baud-rate", false));
+    add(baudRate("permanent-camera-baud-rate", true));
     // clang-format on
     return table;
 }

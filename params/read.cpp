@@ -7,17 +7,36 @@
 #include "link/connectionwatch.h"
 #include "params/conversions.h"
 #include "params/framerate.h"
+#include "params/mirroredpair.h"
 #include "params/regions.h"
 #include "params/toggles.h"
+#include "params/values.h"
 #include "params/versiontext.h"
 
 #include <array>
-#include <cmath>
 
 using std::to_string;
+using tavrel::Group;
 using tavrel::numberText;
 using tavrel::saturatedInt;
-using tavrel::Tab;
+
+namespace {
+
+/// Shows a value as a read does and returns it as the log has it: a decimal on its slider, which
+/// leaves alone what was typed where it need not move, and a whole number in its spin box.
+std::string shown(const Ui_MainWindow& ui, const tavrel::MirroredPair<double>& pair, double value)
+{
+    mirrorToSlider(ui, pair, value);
+    return numberText(value);
+}
+
+std::string shown(const Ui_MainWindow& ui, const tavrel::MirroredPair<int>& pair, double value)
+{
+    (ui.*pair.spinBox)->setValue(saturatedInt(value));
+    return to_string(saturatedInt(value));
+}
+
+} // namespace
 
 bool MainWindow::readCameraParameters()
 {
@@ -40,15 +59,14 @@ bool MainWindow::readCameraParameters()
     camera->refresh();
     readIdentity(versions);
 
-    readToggles(Tab::ImageProcessing);
+    readGroup(Group::ImageProcessing);
     readVideo();
-    readToggles(Tab::Lut);
-    readGamma();
+    readGroup(Group::Lut);
     readRegions();
     readLut();
     getTemperature();
     readZoom();
-    readToggles(Tab::Zoom);
+    readGroup(Group::Zoom);
     readEdgeCorrection();
     appendLog("End reading camera parameters");
     return true;
@@ -74,11 +92,19 @@ void MainWindow::readVideo()
     appendLog("Frame rate = " + ui->frameRateCB->currentText().toStdString());
 }
 
-void MainWindow::readGamma()
+void MainWindow::readGroup(Group group)
 {
-    const double gamma = tavrel::fromFixedPoint(camera->getGamma());
-    GammaUserValueChanged(gamma);
-    appendLog("Gamma value = " + numberText(gamma));
+    for (const tavrel::Toggle* toggle : tavrel::toggles) {
+        if (toggle->group == group) {
+            readToggle(*toggle);
+        }
+    }
+#define VALUE(itsGroup, name, ...)                                                                 \
+    if (group == Group::itsGroup) {                                                                \
+        const double value = tavrel::value::name.get(*camera);                                     \
+        appendLog(tavrel::value::name.label + shown(*ui, tavrel::pair::name, value));              \
+    }
+#include "params/values.def"
 }
 
 void MainWindow::readRegions()
@@ -115,12 +141,7 @@ void MainWindow::readRegions()
 
 void MainWindow::readLut()
 {
-    const double clhe = camera->getClhe();
-    const int clheStep = saturatedInt(std::round(clhe));
-    if (ui->clheSlider->value() != clheStep) {
-        ui->clheSlider->setValue(clheStep);
-    }
-    appendLog("CLHE value = " + numberText(clhe));
+    readGroup(Group::Contrast);
 
     ui->lutColorEdit->setCurrentIndex(camera->getColorLut());
     appendLog("Color Lut = " + ui->lutColorEdit->currentText().toStdString());
@@ -131,9 +152,7 @@ void MainWindow::readLut()
     appendLog(std::string("Contrast type = ") +
               (contrastType != 0 ? "CLAHE (LOCAL)" : "CLHE (ROI)"));
 
-    const std::uint8_t filter = camera->getLutTemporalFilter();
-    ui->TempoFilterSpin->setValue(filter);
-    appendLog("LUT temporal filter = " + to_string(filter));
+    readGroup(Group::Filter);
 
     ombrix_sdk::AhcGainsLimitation limits{};
     // Only this one byte means that the limits are valid.

@@ -23,4 +23,8 @@ struct Scale {
     }
 };
 
+inline constexpr Scale wholeSteps{1.0, 1.0, 0.0};
+inline constexpr Scale tenths{0.1, 10.0, 0.0};
+inline constexpr Scale gammaSteps{0.1, 10.0, 0.5};
+
 } // namespace tavrel

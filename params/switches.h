@@ -23,7 +23,7 @@ inline ombrix_sdk::Flag sendNucControl(ombrix_sdk::ICamera& camera, bool on)
 
 namespace feature {
 
-#define SWITCH(tab, name, word, get, set, ...)                                                     \
+#define SWITCH(group, name, word, get, set, ...)                                                   \
     inline constexpr Switch name{&ombrix_sdk::ICamera::get, &set};
 #include "params/switches.def"
 

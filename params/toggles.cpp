@@ -28,15 +28,6 @@ void MainWindow::readToggle(const Toggle& toggle)
     appendLog(std::string(toggle.label) + (on ? toggle.onWord : toggle.offWord));
 }
 
-void MainWindow::readToggles(tavrel::Tab tab)
-{
-    for (const Toggle* toggle : tavrel::toggles) {
-        if (toggle->tab == tab) {
-            readToggle(*toggle);
-        }
-    }
-}
-
 void MainWindow::setToggle(const Toggle& toggle)
 {
     // The SDK sees its root asked for before every switch, although only the camera is used.
@@ -54,7 +45,7 @@ void MainWindow::setToggle(const Toggle& toggle)
     reportResult(result, toggle.ok, toggle.ko);
 }
 
-#define SWITCH(tab, name, word, get, set, button, caption, label, on, off, ok, ko, handler)        \
+#define SWITCH(group, name, word, get, set, button, caption, label, on, off, ok, ko, handler)      \
     void MainWindow::handler()                                                                     \
     {                                                                                              \
         setToggle(toggle::name);                                                                   \

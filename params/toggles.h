@@ -2,6 +2,7 @@
 // The checkable buttons that switch the camera's features on and off.
 #pragma once
 
+#include "params/group.h"
 #include "params/switches.h"
 #include "ui_mainwindow.h"
 
@@ -13,11 +14,8 @@ struct Captions {
     const char* off;
 };
 
-/// A tab with switches.
-enum class Tab { ImageProcessing, Lut, Zoom, Expert };
-
 struct Toggle : Switch {
-    Tab tab;
+    Group group;
     QPushButton* Ui_MainWindow::*button;
     Captions captions;
     const char* label; ///< begins the log line of a read
@@ -33,9 +31,9 @@ void alignCaption(QPushButton& button, const Captions& captions);
 
 namespace toggle {
 
-#define SWITCH(tab, name, word, get, set, button, caption, label, on, off, ok, ko, handler)        \
+#define SWITCH(group, name, word, get, set, button, caption, label, on, off, ok, ko, handler)      \
     inline constexpr Toggle name{feature::name,                                                    \
-                                 Tab::tab,                                                         \
+                                 Group::group,                                                     \
                                  &Ui_MainWindow::button,                                           \
                                  {caption ": Activated", caption ": Deactivated"},                 \
                                  label,                                                            \
@@ -47,9 +45,9 @@ namespace toggle {
 
 } // namespace toggle
 
-/// All of them, in the order in which a read shows those of a tab.
+/// All of them, in the order in which a read shows those of a group.
 inline constexpr const Toggle* toggles[] = {
-#define SWITCH(tab, name, ...) &toggle::name,
+#define SWITCH(group, name, ...) &toggle::name,
 #include "params/switches.def"
 };
 

@@ -236,6 +236,7 @@ void connectEverything(Operator& user)
     user.sdk.configuration.expertMode = 1;
     user.sdk.camera.regions = {
         {{10, 110, 15, 115}, {20, 120, 25, 125}, {30, 130, 35, 135}, {40, 140, 45, 145}}};
+    pairrows::begin(user.sdk.camera);
     user.connectCamera();
 }
 
@@ -285,14 +286,16 @@ class TestConnections : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void besideTheSwitchesTheTableHasNinetyFourRows()
+    void besideSwitchesAndPairsTheTableHasFiftyRows()
     {
-        int rows = 1 - static_cast<int>(std::size(switchrows::rows)); // the timer
+        constexpr int connectionsOfAPair = 4;
+        int rows = 1 - static_cast<int>(std::size(switchrows::rows)) -
+                   connectionsOfAPair * static_cast<int>(std::size(pairrows::rows)); // 1: the timer
         const auto counts = connectionCounts();
         for (const int count : counts) {
             rows += count;
         }
-        QCOMPARE(rows, 94);
+        QCOMPARE(rows, 50);
     }
 
     void eachSignalIsConnectedAsOftenAsTheTableSays()
@@ -375,6 +378,9 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("signal");
         QTest::addColumn<QByteArray>("slot");
         for (const Pair& pair : rows) {
+            if (pair.sendSlot == nullptr) {
+                continue;
+            }
             QTest::addRow("%s moved", pair.slider)
                 << QByteArray(pair.slider) << QByteArray(SIGNAL(valueChanged(int)))
                 << QByteArray(pair.sliderSlot);

@@ -483,6 +483,7 @@ private Q_SLOTS:
         camera.tint = 13;
         camera.bprCorrection = camera.offsetCorrection = camera.gainCorrection = 1;
         camera.verticalFlip = 1;
+        pairrows::change(camera);
         Sequence sequence(user);
         user.click("readParamButtonExpert");
         QCOMPARE(sequence.take(), block(R"(

@@ -69,14 +69,6 @@ MUTATIONS = [
          "                               tr(\"ROI \") + QString::number(region) + "
          "tr(coordinate.rule));\n",
          "tst_order aBrokenRuleOfARegionIsCorrectedToldAndThenSentAsItWas"),
-        ("A read shows gamma before it logs it", "read.cpp",
-         "    GammaUserValueChanged(gamma);\n",
-         "    appendLog(\"Gamma value = \" + numberText(gamma));\n",
-         "tst_readsequence aReadAsksSendsAndLogsInOrder"),
-        ("A read shows the temporal filter before it logs it", "read.cpp",
-         "    ui->TempoFilterSpin->setValue(filter);\n",
-         "    appendLog(\"LUT temporal filter = \" + to_string(filter));\n",
-         "tst_readsequence aReadAsksSendsAndLogsInOrder"),
         ("A read shows both gain limits before it logs the first", "read.cpp",
          "        ui->AhcWhiteGainLimSpin->setValue(limits.white);\n",
          "        appendLog(\"AHC black gain limitation = \" + to_string(limits.black));\n",
@@ -95,7 +87,7 @@ MUTATIONS = [
          "    ui->polarityButton->setChecked(defaults.getDefaultPolarity() != 0);\n",
          "tst_reset_sequence aResetThatChangesEverythingSendsTheListsTwice"),
         ("An expert read shows a value before it logs it", "expert.cpp",
-         "        (ui->*value->pair.spinBox)->setValue(read);\n",
+         "        (ui->*value->mirrored.spinBox)->setValue(read);\n",
          "        appendLog(std::string(value->name) + \" value = \" + std::to_string(read));\n",
          "tst_order anExpertReadShowsEachValueBeforeItIsLogged")),
     *_exchanges(
@@ -131,10 +123,6 @@ MUTATIONS = [
         ("The connection is looked after by a timer", "connections.cpp",
          "    connect(timer, &QTimer::timeout, this, &MainWindow::monitoringSystem);\n", "",
          "tst_connections theTimerReachesTheMonitoring"),
-        ("A released slider sends its own value", "connections.cpp",
-         "SLOT(GFIDExpertSliderChanged(int)), SLOT(gfiSendCommand())",
-         "SLOT(GFIDExpertSliderChanged(int)), SLOT(gmsSendCommand())",
-         "tst_connections aReleasedSliderSends"),
         ("One click sends the zoom's resolution before its factor", "connections.cpp",
          "    onClick(ui->configureZoomPB, &MainWindow::onConfigureZoomResolutionClicked);\n"
          "    onClick(ui->configureZoomPB, &MainWindow::onConfigureZoomClicked);\n",
@@ -437,10 +425,26 @@ MUTATIONS = [
     ),
     *_room(
         "params",
+        ("A released slider sends its own value", "values.def",
+         "GFIDExpertSliderChanged, GFIDExpertValueChanged, gfiSendCommand",
+         "GFIDExpertSliderChanged, GFIDExpertValueChanged, gmsSendCommand",
+         "tst_connections aReleasedSliderSends"),
+        ("A value is read with its group", "values.def",
+         "VALUE(Filter, temporalFilter,", "VALUE(Contrast, temporalFilter,",
+         "tst_readsequence aReadAsksSendsAndLogsInOrder"),
+        ("A read shows a value before it logs it", "read.cpp",
+         "        appendLog(tavrel::value::name.label + shown(*ui, tavrel::pair::name, value));",
+         "        appendLog(tavrel::value::name.label + numberText(value)); \\\n"
+         "        shown(*ui, tavrel::pair::name, value);",
+         "tst_readsequence aReadAsksSendsAndLogsInOrder"),
+        ("A read shows a whole number in its spin box first", "read.cpp",
+         "    (ui.*pair.spinBox)->setValue(saturatedInt(value));\n",
+         "    (ui.*pair.slider)->setValue(saturatedInt(value));\n",
+         "tst_readsequence aReadAsksSendsAndLogsInOrder"),
         ("A value is sent when its field loses the focus, whoever takes it", "values.cpp",
-         "    reportResult(camera->setGamma(",
+         "    sendValue(value::gamma,",
          "    if (!ui->gammaEdit->hasFocus()) {\n        return;\n    }\n"
-         "    reportResult(camera->setGamma(",
+         "    sendValue(value::gamma,",
          "tst_edits closingTheWindowInTheMiddleOfAnEditSendsTheValue"),
         ("A read sends the edge type back before gain and threshold are shown", "read.cpp",
          "    ui->EdgeCorrectionCB->setCurrentIndex(edge.type);\n"
@@ -499,8 +503,8 @@ MUTATIONS = [
          "saturatedInt(std::round((value - offset) * stepsPerUnit))",
          "saturatedInt((value - offset) * stepsPerUnit)",
          "tst_values_coupling aValueBetweenTwoStepsGoesToTheNearestHalvesAwayFromZero"),
-        ("Gamma begins at 0.5", "values.cpp",
-         "0.1,        10.0,       0.5}", "0.1,        10.0,       0.0}",
+        ("Gamma begins at 0.5", "scale.h",
+         "gammaSteps{0.1, 10.0, 0.5}", "gammaSteps{0.1, 10.0, 0.0}",
          "tst_values_coupling everyGammaHasItsPlaceOnTheSlider"),
         ("Gamma travels as fixed point, cut off", "conversions.cpp",
          "lowWord(gamma * fixedPointOne)", "lowWord(gamma * fixedPointOne + 0.5)",
@@ -514,12 +518,11 @@ MUTATIONS = [
          "lowByte(ui->AhcBlackGainLimSpin->value())",
          "tst_values aFinishedEditSendsOnce"),
         ("A value is sent from its spin box, not from its slider", "values.cpp",
-         "lowWord(ui->clheEdit->value())", "lowWord(ui->clheSlider->value())",
+         "ui->clheEdit->value()", "ui->clheSlider->value()",
          "tst_values theSpinBoxIsSentEvenWhenTheSliderIsElsewhere"),
         ("Before a connection a finished edit sends nothing", "values.cpp",
-         "void MainWindow::tempoFilterSendCommand()\n{\n    if (!mayCommand()) {\n"
-         "        return;\n    }\n",
-         "void MainWindow::tempoFilterSendCommand()\n{\n",
+         "    if (!mayCommand()) {\n        return;\n    }\n    reportResult(value.set(",
+         "    reportResult(value.set(",
          "tst_values beforeAConnectionNothingIsSentAndNothingIsLogged"),
         ("No note about a region opens while the connection is taken down", "regions.cpp",
          "    if (disconnecting) {\n        return;\n    }\n", "",
@@ -651,9 +654,8 @@ MUTATIONS = [
          "isRegionOn(region.x1)", "isRegionOn(region.x2)",
          "tst_readvalues aRegionIsShownWithItsEnableBox"),
         ("CLHE keeps what was typed where the slider need not move", "read.cpp",
-         "    if (ui->clheSlider->value() != clheStep) {\n"
-         "        ui->clheSlider->setValue(clheStep);\n    }\n",
-         "    ui->clheSlider->setValue(clheStep);\n    ui->clheEdit->setValue(clheStep);\n",
+         "    mirrorToSlider(ui, pair, value);\n",
+         "    mirrorToSlider(ui, pair, value);\n    (ui.*pair.spinBox)->setValue(value);\n",
          "tst_readvalues clheKeepsWhatTheOperatorTypedWhereTheSliderNeedNotMove"),
         ("An unknown default rate becomes 25 Hz", "reset.cpp",
          "fallbackRate = 1", "fallbackRate = 0", "tst_reset theFrameRateFallsBackTo25Hz"),
@@ -873,24 +875,22 @@ MUTATIONS = [
     ),
     *_room(
         "params",
-        ("A value's text is the shortest that leads back to what the camera holds", "parameters.cpp",
+        ("A value's text is the shortest that leads back to what the camera holds", "values.h",
          "return fromFixedPoint(fixedPoint(value));", "return value;",
          "tst_parameters gammaReadsAsTheWindowShowsIt"),
-        ("A number has the range of its field in the window", "parameters.cpp",
-         "{.name = \"clhe\", .maximum = 30000}", "{.name = \"clhe\", .maximum = 10000}",
+        ("A number has the range of its field in the window", "values.def",
+         "\"clhe\", 0, 30000", "\"clhe\", 0, 10000",
          "tst_parameters aNumberHasTheRangeOfItsField"),
         ("The frame rate goes before the test pattern that it ends", "parameters.cpp",
-         "    table.push_back(\n"
-         "        byteSized({.name = \"frame-rate\", .unit = \"Hz\", .choices = frameRateChoices()},\n"
-         "                  &Camera::getFrameRate, &Camera::setFrameRate));\n"
-         "    addSwitches(table, \"ImageProcessing\");\n",
-         "    addSwitches(table, \"ImageProcessing\");\n"
-         "    table.push_back(\n"
-         "        byteSized({.name = \"frame-rate\", .unit = \"Hz\", .choices = frameRateChoices()},\n"
-         "                  &Camera::getFrameRate, &Camera::setFrameRate));\n",
+         "    add(number({.name = \"frame-rate\", .unit = \"Hz\", .choices = frameRateChoices()},\n"
+         "               &Camera::getFrameRate, &Camera::setFrameRate));\n"
+         "    addGroup(table, Group::ImageProcessing);\n",
+         "    addGroup(table, Group::ImageProcessing);\n"
+         "    add(number({.name = \"frame-rate\", .unit = \"Hz\", .choices = frameRateChoices()},\n"
+         "               &Camera::getFrameRate, &Camera::setFrameRate));\n",
          "tst_ctl_values theFrameRateThatIsThereIsNotSent"),
         ("The zoom's resolution goes before the zoom", "parameters.cpp",
-         "        zoomResolution(),\n        zoom(),\n", "        zoom(),\n        zoomResolution(),\n",
+         "    add(zoomResolution());\n    add(zoom());\n", "    add(zoom());\n    add(zoomResolution());\n",
          "tst_ctl_values theZoomsResolutionGoesBeforeTheZoom"),
     ),
     *_room(

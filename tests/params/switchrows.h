@@ -4,6 +4,7 @@
 #pragma once
 
 #include "tests/kit/operator.h"
+#include "tests/params/pairrows.h"
 
 namespace switchrows {
 
@@ -41,10 +42,10 @@ struct Row {
     }
 };
 
-inline constexpr char imageProcessing[] = "Image Processing";
-inline constexpr char lut[] = "LUT";
-inline constexpr char zoom[] = "Zoom";
-inline constexpr char expert[] = "Expert";
+using pairrows::expert;
+using pairrows::imageProcessing;
+using pairrows::lut;
+using pairrows::zoom;
 
 // clang-format off
 inline constexpr Row rows[] = {
@@ -103,7 +104,8 @@ inline constexpr Row rows[] = {
 };
 // clang-format on
 
-/// What a read of a tab's switches does, in the order of the rows, when all of them were off.
+/// What a read of a tab's switches and values does, in the order of the rows, when all switches
+/// were off and all values are changed.
 inline QStringList readOf(const char* tab, const State& camera)
 {
     QStringList sequence;
@@ -122,7 +124,7 @@ inline QStringList readOf(const char* tab, const State& camera)
         sequence.append(QStringLiteral("log 2: ") + QLatin1String(row.label) +
                         QLatin1String(on ? row.wordOn : row.wordOff));
     }
-    return sequence;
+    return sequence + pairrows::readOf(tab);
 }
 
 /// Test data: every switch, both ways.

@@ -32,19 +32,17 @@ recording::CameraState busyCamera()
     camera.videoOutput = 8;
     camera.frameRate = 60;
     camera.polarity = 1;
-    camera.gamma = 144179;
     camera.regions = {
         {{11, 611, 12, 412}, {21, 521, 22, 322}, {0, 431, 32, 232}, {41, 341, 42, 142}}};
-    camera.clhe = 4321;
     camera.colorLut = 3;
     camera.contrastType = 1;
-    camera.lutTemporalFilter = 5;
     camera.ahcGains = {61, 72};
     camera.zoom = {2.5F, 101, 202, 1};
     camera.zoomResolution = {800, 600};
     camera.horizontalFlip = 1;
     camera.edgeCorrection = {2, 33, 44, 30};
     camera.shutterClosed = 1;
+    pairrows::change(camera);
     return camera;
 }
 
@@ -91,10 +89,6 @@ private Q_SLOTS:
             log 2: Frame rate = 60Hz
         )") + switchrows::readOf(switchrows::lut, busyCamera()) +
                                       kit::block(R"(
-            camera.getGamma()
-            gammaSlider value 17
-            gammaEdit value 2.2
-            log 2: Gamma value = 2.2
             camera.getRoiX1(0)
             camera.getRoiY1(0)
             camera.getRoiX2(0)
@@ -152,10 +146,8 @@ private Q_SLOTS:
             log 2: ROI1 exclusive X2 value = 341
             Roi1ExcY2 value 142
             log 2: ROI1 exclusive Y2 value = 142
-            camera.getClhe()
-            clheSlider value 4321
-            clheEdit value 4321
-            log 2: CLHE value = 4321
+        )") + pairrows::readOf(pairrows::contrast) +
+                                      kit::block(R"(
             camera.getColorLut()
             lutColorEdit currentIndex 3
             camera.setColorLut(3)
@@ -166,10 +158,8 @@ private Q_SLOTS:
             camera.configureContrastType(1)
             log 2: Configure contrast type OK
             log 2: Contrast type = CLAHE (LOCAL)
-            camera.getLutTemporalFilter()
-            TempoFilterSpin value 5
-            TempoFilterSlider value 5
-            log 2: LUT temporal filter = 5
+        )") + pairrows::readOf(pairrows::filter) +
+                                      kit::block(R"(
             camera.getAhcGainsLimitation()
             AhcBlackGainLimSpin value 61
             AhcBlackGainLimSlider value 61
@@ -305,7 +295,7 @@ private Q_SLOTS:
         const QStringList log = user.newLog();
         QVERIFY(log.contains(QStringLiteral("Serial number = 123456789")));
         QVERIFY(log.contains(QStringLiteral("Gamma value = 2.2")));
-        QVERIFY(log.contains(QStringLiteral("CLHE value = 4321")));
+        QVERIFY(log.contains(QStringLiteral("CLHE value = 7000")));
         QVERIFY(log.contains(QStringLiteral("ZOOM factor value = 2.5")));
     }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The simulated camera as it comes: what it answers, what it accepts, and what it does with calls
 // that no correct program makes.
+#include "tests/params/pairrows.h"
 #include "tests/simulator/scene.h"
 
 #include <QtTest/QTest>
@@ -24,58 +25,67 @@ struct Value {
     QVector<quint32> refused;
 };
 
-template<typename Read, typename Written>
-Value number(const char* name, Read (ICamera::*get)(), Flag (ICamera::*set)(Written),
-             QVector<quint32> accepted, QVector<quint32> refused)
+template<typename Written>
+Value number(const char* name, const std::function<quint32(ICamera&)>& get,
+             Flag (ICamera::*set)(Written), QVector<quint32> accepted, QVector<quint32> refused)
 {
-    return {name, [get](ICamera& camera) { return quint32{(camera.*get)()}; },
+    return {name, get,
             [set](ICamera& camera, quint32 value) {
                 return (camera.*set)(static_cast<Written>(value));
             },
             std::move(accepted), std::move(refused)};
 }
 
-Value toggle(const char* name, Flag (ICamera::*get)(), Flag (ICamera::*set)(bool))
-{
-    return number(name, get, set, {1, 0, 1}, {});
-}
+/// What the camera takes and refuses of the value that an operation sets.
+struct Range {
+    QVector<quint32> accepted;
+    QVector<quint32> refused;
+};
 
-QVector<Value> numbers()
+QMap<QByteArray, Range> ranges()
 {
-    constexpr quint32 most = std::numeric_limits<quint32>::max();
-    return {
-        number("gsk", &ICamera::getGsk, &ICamera::setGsk, {0, 7, 4095}, {4096, most}),
-        number("gfid", &ICamera::getGfid, &ICamera::setGfid, {0, 7, 4095}, {4096, most}),
-        number("gms", &ICamera::getGms, &ICamera::setGms, {0, 7, 4095}, {4096, most}),
-        number("tint", &ICamera::getTint, &ICamera::setTint, {0, 7, 4095}, {4096, most}),
-        number("frameRate", &ICamera::getFrameRate, &ICamera::setFrameRate, {9, 25, 30, 50, 60},
-               {0, 10, 24, 61, 255}),
-        number("videoOutput", &ICamera::getVideoOutput, &ICamera::setVideoOutput, {0, 6, 8},
-               {9, 255}),
-        number("contrastType", &ICamera::getContrastType, &ICamera::configureContrastType, {1, 0},
-               {2, 255}),
-        number("colorLut", &ICamera::getColorLut, &ICamera::setColorLut, {7, 0}, {8, 255}),
-        number("lutTemporalFilter", &ICamera::getLutTemporalFilter, &ICamera::setLutTemporalFilter,
-               {8, 0}, {9, 255}),
-        number("gamma", &ICamera::getGamma, &ICamera::setGamma, {32768, 144179, 163840},
-               {32767, 163841, most}),
-        number("clhe", &ICamera::getClhe, &ICamera::setClhe, {0, 30000}, {30001, most}),
+    QMap<QByteArray, Range> all = {
+        {"camera.setFrameRate", {{9, 25, 30, 50, 60}, {0, 10, 24, 61, 255}}},
+        {"camera.setVideoOutput", {{0, 6, 8}, {9, 255}}},
+        {"camera.configureContrastType", {{1, 0}, {2, 255}}},
+        {"camera.setColorLut", {{7, 0}, {8, 255}}},
     };
+    for (const pairrows::Row& row : pairrows::rows) {
+        if (row.lowest == row.highest) {
+            continue;
+        }
+        Range& range = all[row.operation];
+        range.accepted = {row.lowest, (row.lowest + row.highest) / 2, row.highest};
+        range.refused = {row.highest + 1, std::numeric_limits<quint32>::max()};
+        if (row.lowest > 0) {
+            range.refused.append(row.lowest - 1);
+        }
+    }
+    return all;
 }
 
-/// The numbers, and all that is on or off.
+/// All numbers that have an operation of their own, and all that is on or off.
 QVector<Value> values()
 {
-    QVector<Value> all = numbers();
-    QMap<QByteArray, Flag (ICamera::*)()> getters;
-#define GET_FLAG(name, value) getters[#value] = &ICamera::name;
+    QMap<QByteArray, std::function<quint32(ICamera&)>> getters;
+#define GET(Type, name, value)                                                                     \
+    getters[#value] = [](ICamera& camera) {                                                        \
+        return quint32{camera.name()};                                                             \
+    };
 #include "sdk/operations.def"
-    const auto add = [&](const char* name, Flag (ICamera::*set)(bool)) {
-        if (getters.contains(name)) {
-            all.append(toggle(name, getters.value(name), set));
+    const QMap<QByteArray, Range> known = ranges();
+    QVector<Value> all;
+    const auto add = [&](const char* name, const char* operation, auto set) {
+        if (known.contains(operation)) {
+            all.append(number(name, getters.value(name), set, known[operation].accepted,
+                              known[operation].refused));
         }
     };
-#define SET_FLAG(name, value) add(#value, &ICamera::name);
+#define SET(Type, name, value) add(#value, "camera." #name, &ICamera::name);
+#define SET_FLAG(name, value)                                                                      \
+    if (getters.contains(#value)) {                                                                \
+        all.append(number(#value, getters[#value], &ICamera::name, {1, 0, 1}, {}));                \
+    }
 #include "sdk/operations.def"
     return all;
 }

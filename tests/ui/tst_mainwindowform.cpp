@@ -4,6 +4,7 @@
 #include "mainwindow_table.h"
 #include "revealingstyle.h"
 #include "tests/kit/operator.h"
+#include "tests/params/pairrows.h"
 #include "translations.h"
 #include "ui_mainwindow.h"
 
@@ -444,7 +445,8 @@ void TestMainWindowForm::everyFieldIsNamedForAScreenReader()
             QCOMPARE(reader->text(QAccessible::Name), name);
         }
     }
-    QCOMPARE(fields, 11 + 34 + 9 + 4);
+    // A slider and a spin box of each pair, and what has no slider.
+    QCOMPARE(fields, 2 * static_cast<int>(std::size(pairrows::rows)) + 23 + 9 + 4);
 }
 
 void TestMainWindowForm::fieldsTakeWhatIsInRange_data()
