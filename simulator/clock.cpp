@@ -10,6 +10,12 @@
 #include <thread>
 
 namespace simulator {
+namespace {
+
+/// A longer wait is made of several: the time at its end might not fit into the numbers of a clock.
+constexpr std::chrono::microseconds longestPause = std::chrono::hours(1);
+
+} // namespace
 
 void Clock::setSpeed(double newFactor)
 {
@@ -40,7 +46,7 @@ void Clock::wait(qint64 durationInMicroseconds, Gate& gate)
     }
     const qint64 end = microseconds() + durationInMicroseconds;
     while (factor != 0 && microseconds() < end) {
-        gate.standAside(realTime(end - microseconds()));
+        gate.standAside(std::min(realTime(end - microseconds()), longestPause));
     }
     begin += std::max<qint64>(end - microseconds(), 0);
 }

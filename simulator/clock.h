@@ -10,7 +10,7 @@ class Gate;
 
 class Clock {
 public:
-    Clock() { running.start(); }
+    explicit Clock(double speed = 1) : factor(speed) { running.start(); }
 
     static constexpr double slowest = 0.001;
     static constexpr double fastest = 1000;
@@ -38,7 +38,7 @@ private:
     QElapsedTimer running;
     qint64 lastChange = 0; ///< of the speed: nanoseconds since the start
     qint64 begin = 0;      ///< the time at that change, and what was jumped since: microseconds
-    double factor = 1;
+    double factor;
 };
 
 } // namespace simulator

@@ -2,11 +2,9 @@
 // Lets one thread at a time into the simulator, as long as there is more than one.
 #pragma once
 
-#include <QtCore/QDeadlineTimer>
-#include <QtCore/QMutex>
-#include <QtCore/QWaitCondition>
-
 #include <chrono>
+#include <condition_variable>
+#include <mutex>
 
 namespace simulator {
 
@@ -32,15 +30,12 @@ public:
 
     /// Lets the others in for that long, or until one of them calls the waiting one back. The gate
     /// is on and taken.
-    void standAside(std::chrono::microseconds duration)
-    {
-        waiting.wait(&mutex, QDeadlineTimer(duration, Qt::PreciseTimer));
-    }
-    void callBack() { waiting.wakeAll(); }
+    void standAside(std::chrono::microseconds duration) { waiting.wait_for(mutex, duration); }
+    void callBack() { waiting.notify_all(); }
 
 private:
-    QMutex mutex;
-    QWaitCondition waiting;
+    std::mutex mutex;
+    std::condition_variable_any waiting;
     bool isUsed = false;
 };
 

@@ -31,7 +31,6 @@ void Simulator::restart()
     entrance.setOn(false);
     rootObject.releaseAll();
     devices.clear();
-    timePiece = {};
     faults = {};
     callCounts = {};
     introduced = false;
@@ -57,7 +56,7 @@ void Simulator::load()
         logWriter.problem(
             QStringLiteral("journal %1: %2; there is none").arg(settings.journalFile, reason));
     }
-    timePiece.setSpeed(settings.behaviour.manualClock ? 0 : 1);
+    timePiece = Clock(settings.behaviour.manualClock ? 0 : 1);
     powerCyclesDone = plan.powerCycles();
 
     memory.setFolder(settings.memoryFolder);

@@ -306,6 +306,12 @@ private Q_SLOTS:
         QCOMPARE(ombrix_simulator::clockTime(), begin + 3'660'000);
     }
 
+    void aClockThatStandsFromTheStartBeginsWith0()
+    {
+        Scene scene("[simulator]\nmanualClock=true\n");
+        QCOMPARE(ombrix_simulator::clockTime(), 0);
+    }
+
     void aFasterClockLosesNothingOfItsTime()
     {
         Scene scene("[simulator]\nmanualClock=true\n");
