@@ -2,13 +2,12 @@
 // Feeds arbitrary table regions to the decoding and checks what must hold for every one of them.
 // An input that is shorter than a region is continued with zeros, a longer one is cut.
 #include "bpr/table.h"
+#include "tests/fuzz/require.h"
 
 #include <opencv2/core.hpp>
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <set>
 #include <vector>
@@ -16,14 +15,6 @@
 namespace bpr = tavrel::bpr;
 
 namespace {
-
-void require(bool holds, const char* what)
-{
-    if (!holds) {
-        std::fprintf(stderr, "does not hold: %s\n", what);
-        std::abort();
-    }
-}
 
 /// The top 21 bits of a record: bits 3 to 7 of its byte 5, and its bytes 6 and 7.
 unsigned indexOf(const std::vector<std::uint8_t>& region, std::size_t record)

@@ -4,13 +4,12 @@
 #include "simulator/settings.h"
 #include "simulator/ini.h"
 #include "simulator/plan.h"
+#include "tests/fuzz/require.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <tuple>
 #include <vector>
 
@@ -19,14 +18,6 @@ using namespace simulator;
 namespace {
 
 const QString name = QStringLiteral("input.ini");
-
-void require(bool holds, const char* what)
-{
-    if (!holds) {
-        std::fprintf(stderr, "does not hold: %s\n", what);
-        std::abort();
-    }
-}
 
 /// The lines that the problems name.
 std::vector<int> linesOf(const QStringList& problems)
