@@ -22,7 +22,7 @@ namespace tavrel {
 struct Coordinate;
 struct ExpertValue;
 struct TableEdit;
-struct Toggle;
+struct SwitchButton;
 struct Value;
 enum class Group;
 
@@ -157,7 +157,7 @@ private:
     /// Shows the camera's whole user state; false when the camera did not answer.
     bool readCameraParameters();
     void readIdentity(std::uint32_t versions);
-    void readToggle(const tavrel::Toggle& toggle);
+    void readSwitch(const tavrel::SwitchButton& row);
     /// Shows switches and values that belong together.
     void readGroup(tavrel::Group group);
     void readVideo();
@@ -166,7 +166,7 @@ private:
     void readZoom();
     void readEdgeCorrection();
     void readShutterPosition();
-    void setToggle(const tavrel::Toggle& toggle);
+    void setSwitch(const tavrel::SwitchButton& row);
     // The handlers of the switches that are no slots.
 #define SWITCH(group, name, word, get, set, button, caption, label, on, off, ok, ko, handler)      \
     void handler();

@@ -4,7 +4,7 @@
 #include "app/mainwindow.h"
 #include "params/conversions.h"
 #include "params/framerate.h"
-#include "params/toggles.h"
+#include "params/switchbuttons.h"
 #include "ui_mainwindow.h"
 
 using tavrel::lowByte;
@@ -32,7 +32,7 @@ void MainWindow::onFrameRateCBChanged()
     reportResult(camera->setFrameRate(hertz), "Set FRAME RATE value");
     // A camera that is asked for another rate drops its test pattern, whatever it answers.
     ui->TestPatternButton->setChecked(false);
-    ui->TestPatternButton->setText(QLatin1String(tavrel::toggle::testPattern.captions.off));
+    ui->TestPatternButton->setText(QLatin1String(tavrel::switchbutton::testPattern.captions.off));
 }
 
 void MainWindow::onContrastTypeEditChanged()

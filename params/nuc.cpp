@@ -4,7 +4,7 @@
 #include "app/platform.h"
 #include "link/connectionwatch.h"
 #include "params/shutter.h"
-#include "params/toggles.h"
+#include "params/switchbuttons.h"
 #include "ui_mainwindow.h"
 
 #include <QtWidgets/QMessageBox>
@@ -30,7 +30,7 @@ void MainWindow::requestNuc(bool automatic)
         return;
     }
     ui->nucEnablingButton->setChecked(true);
-    ui->nucEnablingButton->setText(QLatin1String(tavrel::toggle::nuc.captions.on));
+    ui->nucEnablingButton->setText(QLatin1String(tavrel::switchbutton::nuc.captions.on));
     appendLog("NUC applied");
 }
 

@@ -9,7 +9,7 @@
 #include "params/framerate.h"
 #include "params/mirroredpair.h"
 #include "params/regions.h"
-#include "params/toggles.h"
+#include "params/switchbuttons.h"
 #include "params/values.h"
 #include "params/versiontext.h"
 
@@ -94,9 +94,9 @@ void MainWindow::readVideo()
 
 void MainWindow::readGroup(Group group)
 {
-    for (const tavrel::Toggle* toggle : tavrel::toggles) {
-        if (toggle->group == group) {
-            readToggle(*toggle);
+    for (const tavrel::SwitchButton* row : tavrel::switchButtons) {
+        if (row->group == group) {
+            readSwitch(*row);
         }
     }
 #define VALUE(itsGroup, name, ...)                                                                 \

@@ -18,7 +18,8 @@ void meetRefusals(Operator& user);
 void readAndReset(Operator& user);
 void unplugAndEnd(Operator& user);
 
-/// A toggle is clicked, the camera takes it, and check state and caption follow.
-void toggle(Operator& user, const char* button, bool on, const char* caption, const char* logLine);
+/// A switch is clicked, the camera takes it, and check state and caption follow.
+void clickSwitch(Operator& user, const char* button, bool on, const char* caption,
+                 const char* logLine);
 
 } // namespace tour

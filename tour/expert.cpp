@@ -24,14 +24,14 @@ void changeExpertValues(Operator& user)
     });
 
     user.step("Switch the corrections and the flip", [&] {
-        toggle(user, "enableBprPB", false, "BPR Correction: Deactivated",
-               "Set BPR correction value OK");
-        toggle(user, "enableOffsetPB", false, "Offset Correction: Deactivated",
-               "Set Offset correction value OK");
-        toggle(user, "enableGainPB", false, "Gain Correction: Deactivated",
-               "Set Gain correction value OK");
-        toggle(user, "verticalFlipButton", true, "Vertical flip: Activated",
-               "Set VERTICAL FLIP value OK");
+        clickSwitch(user, "enableBprPB", false, "BPR Correction: Deactivated",
+                    "Set BPR correction value OK");
+        clickSwitch(user, "enableOffsetPB", false, "Offset Correction: Deactivated",
+                    "Set Offset correction value OK");
+        clickSwitch(user, "enableGainPB", false, "Gain Correction: Deactivated",
+                    "Set Gain correction value OK");
+        clickSwitch(user, "verticalFlipButton", true, "Vertical flip: Activated",
+                    "Set VERTICAL FLIP value OK");
     });
 
     user.step("Read the expert values back", [&] {

@@ -3,7 +3,8 @@
 
 namespace tour {
 
-void toggle(Operator& user, const char* button, bool on, const char* caption, const char* logLine)
+void clickSwitch(Operator& user, const char* button, bool on, const char* caption,
+                 const char* logLine)
 {
     user.click(button);
     user.expectLog({logLine});
@@ -17,14 +18,14 @@ void changeImageProcessing(Operator& user)
 
     user.step("Switch the corrections off", [&] {
         user.showTab("Image Processing");
-        toggle(user, "ColumnCorrectionButton", false, "Column Correction: Deactivated",
-               "Set column correction value OK");
-        toggle(user, "VignettingCorrectionButton", false, "Vignetting Correction: Deactivated",
-               "Set vignetting correction value OK");
+        clickSwitch(user, "ColumnCorrectionButton", false, "Column Correction: Deactivated",
+                    "Set column correction value OK");
+        clickSwitch(user, "VignettingCorrectionButton", false, "Vignetting Correction: Deactivated",
+                    "Set vignetting correction value OK");
     });
 
     user.step("Switch the NUC off, then ask for one", [&] {
-        toggle(user, "nucEnablingButton", false, "NUC: Deactivated", "Set NUC control OK");
+        clickSwitch(user, "nucEnablingButton", false, "NUC: Deactivated", "Set NUC control OK");
         user.picture("Switched off");
         user.click("userNucRequest");
         user.expectLog({"NUC applied"});
@@ -32,8 +33,8 @@ void changeImageProcessing(Operator& user)
     });
 
     user.step("Show the test pattern", [&] {
-        toggle(user, "TestPatternButton", true, "Test Pattern: Activated",
-               "Set TEST PATTERN value OK");
+        clickSwitch(user, "TestPatternButton", true, "Test Pattern: Activated",
+                    "Set TEST PATTERN value OK");
     });
 
     user.step("Choose the video output", [&] {
@@ -42,12 +43,12 @@ void changeImageProcessing(Operator& user)
     });
 
     user.step("Switch the outputs", [&] {
-        toggle(user, "sdiOutputButton", false, "BT656/SDI Output: Deactivated",
-               "Set BT656/SDI OUTPUT value OK");
-        toggle(user, "parallelOutputButton", true, "Parallel Output: Activated",
-               "Set PARALLEL OUTPUT value OK");
-        toggle(user, "mipiOutputButton", true, "MIPI Output: Activated",
-               "Set MIPI OUTPUT value OK");
+        clickSwitch(user, "sdiOutputButton", false, "BT656/SDI Output: Deactivated",
+                    "Set BT656/SDI OUTPUT value OK");
+        clickSwitch(user, "parallelOutputButton", true, "Parallel Output: Activated",
+                    "Set PARALLEL OUTPUT value OK");
+        clickSwitch(user, "mipiOutputButton", true, "MIPI Output: Activated",
+                    "Set MIPI OUTPUT value OK");
     });
 
     user.step("Change the frame rate, which unchecks the test pattern", [&] {
@@ -58,7 +59,7 @@ void changeImageProcessing(Operator& user)
     });
 
     user.step("Close the shutter, then run the automatic NUC", [&] {
-        toggle(user, "shutterCtrlPB", true, "Shutter closed", "Set shutter position OK");
+        clickSwitch(user, "shutterCtrlPB", true, "Shutter closed", "Set shutter position OK");
         user.picture("Closed");
         user.click("autoNucPB");
         user.expectLog({"NUC applied", "Shutter opened"});

@@ -38,7 +38,8 @@ void changeLut(Operator& user)
 
     user.step("Invert the polarity", [&] {
         user.showTab("LUT");
-        toggle(user, "polarityButton", true, "Invert Polarity: Activated", "Set POLARITY value OK");
+        clickSwitch(user, "polarityButton", true, "Invert Polarity: Activated",
+                    "Set POLARITY value OK");
     });
 
     user.step("Drag gamma, then type it", [&] {

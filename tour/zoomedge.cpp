@@ -20,8 +20,8 @@ void changeZoomAndEdge(Operator& user)
     });
 
     user.step("Flip the picture", [&] {
-        toggle(user, "horizontalFlipButton", true, "Horizontal Flip: Activated",
-               "Set HORIZONTAL FLIP value OK");
+        clickSwitch(user, "horizontalFlipButton", true, "Horizontal Flip: Activated",
+                    "Set HORIZONTAL FLIP value OK");
     });
 
     user.chapter("Edge");

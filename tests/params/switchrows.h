@@ -130,7 +130,7 @@ inline QStringList readOf(const char* tab, const State& camera)
 /// Test data: every switch, both ways.
 inline void everyRowBothWays()
 {
-    QTest::addColumn<const Row*>("toggle");
+    QTest::addColumn<const Row*>("feature");
     QTest::addColumn<bool>("on");
     for (const Row& row : rows) {
         QTest::addRow("%s on", row.button) << &row << true;

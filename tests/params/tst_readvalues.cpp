@@ -60,7 +60,7 @@ class TestReadValues : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aToggleShowsAndLogsTheCamerasState_data()
+    void aSwitchShowsAndLogsTheCamerasState_data()
     {
         QTest::addColumn<int>("row");
         QTest::addColumn<int>("state");
@@ -72,24 +72,24 @@ private Q_SLOTS:
         }
     }
 
-    void aToggleShowsAndLogsTheCamerasState()
+    void aSwitchShowsAndLogsTheCamerasState()
     {
         QFETCH(int, row);
         QFETCH(int, state);
-        const switchrows::Row& toggle = switchrows::rows[row];
+        const switchrows::Row& feature = switchrows::rows[row];
         const bool on = state != 0;
         kit::Operator user;
         user.sdk.configuration.expertMode = 1;
-        user.sdk.camera.*toggle.state = on ? 0 : 1;
+        user.sdk.camera.*feature.state = on ? 0 : 1;
         user.connectCamera();
-        user.find<QPushButton>(toggle.button).setText(QStringLiteral("a foreign caption"));
-        user.sdk.camera.*toggle.state = static_cast<std::uint8_t>(state);
+        user.find<QPushButton>(feature.button).setText(QStringLiteral("a foreign caption"));
+        user.sdk.camera.*feature.state = static_cast<std::uint8_t>(state);
         user.forget();
-        user.click(toggle.read());
-        QCOMPARE(user.checked(toggle.button), on);
-        QCOMPARE(user.text(toggle.button), toggle.shown(on));
-        QVERIFY2(user.newLog().contains(QLatin1String(toggle.label) +
-                                        QLatin1String(on ? toggle.wordOn : toggle.wordOff)),
+        user.click(feature.read());
+        QCOMPARE(user.checked(feature.button), on);
+        QCOMPARE(user.text(feature.button), feature.shown(on));
+        QVERIFY2(user.newLog().contains(QLatin1String(feature.label) +
+                                        QLatin1String(on ? feature.wordOn : feature.wordOff)),
                  qPrintable(user.newLog().join(QLatin1Char('\n'))));
         // Nothing is sent back; a read of the user's parameters has the camera refresh them.
         QCOMPARE(user.calls().filter(QStringLiteral("camera.set")), QStringList());

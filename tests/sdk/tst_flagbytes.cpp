@@ -7,7 +7,7 @@
 
 namespace {
 
-struct ToggleRow {
+struct SwitchRow {
     const char* button;
     std::uint8_t recording::CameraState::*state;
     const char* feature;
@@ -15,7 +15,7 @@ struct ToggleRow {
     const char* ko;
 };
 
-const ToggleRow toggleRows[] = {
+const SwitchRow switchRows[] = {
     {"ColumnCorrectionButton", &recording::CameraState::columnCorrection, "Column Correction",
      "Set column correction value OK", "Set column correction value KO"},
     {"VignettingCorrectionButton", &recording::CameraState::vignettingCorrection,
@@ -65,11 +65,11 @@ private Q_SLOTS:
         QFETCH(int, byte);
         kit::Operator user;
         user.sdk.configuration.expertMode = 1;
-        for (const ToggleRow& row : toggleRows) {
+        for (const SwitchRow& row : switchRows) {
             user.sdk.camera.*row.state = static_cast<std::uint8_t>(byte);
         }
         user.connectCamera();
-        for (const ToggleRow& row : toggleRows) {
+        for (const SwitchRow& row : switchRows) {
             QCOMPARE(user.checked(row.button), byte != 0);
             QCOMPARE(user.text(row.button),
                      QString::fromLatin1(row.feature) +
@@ -86,7 +86,7 @@ private Q_SLOTS:
         user.connectCamera();
         user.sdk.answerEveryCommand(static_cast<std::uint8_t>(byte));
         QStringList expected;
-        for (const ToggleRow& row : toggleRows) {
+        for (const SwitchRow& row : switchRows) {
             user.click(row.button);
             expected.append(QString::fromLatin1(byte != 0 ? row.ok : row.ko));
         }

@@ -229,7 +229,7 @@ void TestTour::theSdkIsAskedForWhatTheOperatorDid_data()
     const auto row = [](const char* what, const char* call) {
         QTest::newRow(what) << QString::fromLatin1(call);
     };
-    row("a clicked toggle", "setColumnCorrection(false)");
+    row("a clicked switch", "setColumnCorrection(false)");
     row("a chosen entry", "setVideoOutput(5)");
     row("a dragged slider", "setGamma(144179)");
     row("a typed value", "setGamma(85196)");

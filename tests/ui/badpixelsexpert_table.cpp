@@ -27,7 +27,7 @@ std::vector<Setting> detectorName(const char* caption, const char* explanation)
 
 constexpr const char* sharpeningTip = "The sharpening filter enhance the edges of objects.";
 
-std::vector<Setting> toggle(const char* caption)
+std::vector<Setting> switchButton(const char* caption)
 {
     return {text(caption), minimum(180, 0), checkable(), checked(false)};
 }
@@ -199,9 +199,9 @@ verticalLayout_7 QVBoxLayout 6 margins 11 11 11 11
              with({range(0.0, 2.0, 0), property("singleStep", 0.01), minimum(100, 0), points(12),
                    centred()})},
 
-            {"QPushButton", "enableBprPB", toggle("BPR Correction: Activated")},
-            {"QPushButton", "enableOffsetPB", toggle("Offset Correction: Activated")},
-            {"QPushButton", "enableGainPB", toggle("Gain Correction: Activated")},
-            {"QPushButton", "verticalFlipButton", toggle("Vertical flip: Activated")},
+            {"QPushButton", "enableBprPB", switchButton("BPR Correction: Activated")},
+            {"QPushButton", "enableOffsetPB", switchButton("Offset Correction: Activated")},
+            {"QPushButton", "enableGainPB", switchButton("Gain Correction: Activated")},
+            {"QPushButton", "verticalFlipButton", switchButton("Vertical flip: Activated")},
         }};
 }

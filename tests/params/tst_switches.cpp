@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The buttons that switch one feature of the camera on and off.
-#include "params/toggles.h"
+#include "params/switchbuttons.h"
 #include "tests/kit/sequence.h"
 #include "tests/params/switchrows.h"
 
@@ -11,7 +11,7 @@
 
 namespace {
 
-using Toggle = switchrows::Row;
+using Switch = switchrows::Row;
 using switchrows::everyRowBothWays;
 
 QStringList line(const char* text)
@@ -20,16 +20,16 @@ QStringList line(const char* text)
 }
 
 /// A connected camera whose feature stands opposite to what the next click asks for.
-void connectBefore(kit::Operator& user, const Toggle& toggle, bool on)
+void connectBefore(kit::Operator& user, const Switch& feature, bool on)
 {
     user.sdk.configuration.expertMode = 1;
-    user.sdk.camera.*toggle.state = on ? 0 : 1;
+    user.sdk.camera.*feature.state = on ? 0 : 1;
     user.connectCamera();
 }
 
 } // namespace
 
-class TestToggles : public QObject {
+class TestSwitches : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -38,10 +38,10 @@ private Q_SLOTS:
         QMainWindow window;
         Ui_MainWindow form;
         form.setupUi(&window);
-        for (const tavrel::Toggle* toggle : tavrel::toggles) {
-            const QByteArray button = (form.*toggle->button)->objectName().toLatin1();
+        for (const tavrel::SwitchButton* row : tavrel::switchButtons) {
+            const QByteArray button = (form.*row->button)->objectName().toLatin1();
             QVERIFY2(std::any_of(std::begin(switchrows::rows), std::end(switchrows::rows),
-                                 [&](const Toggle& row) { return button == row.button; }),
+                                 [&](const Switch& known) { return button == known.button; }),
                      button + " has no row");
         }
     }
@@ -49,157 +49,157 @@ private Q_SLOTS:
     void anAcceptedClickSendsTheNewStateAndTurnsTheCaption_data() { everyRowBothWays(); }
     void anAcceptedClickSendsTheNewStateAndTurnsTheCaption()
     {
-        QFETCH(const Toggle*, toggle);
+        QFETCH(const Switch*, feature);
         QFETCH(bool, on);
         kit::Operator user;
-        connectBefore(user, *toggle, on);
-        const QString button = QLatin1String(toggle->button);
-        QCOMPARE(user.text(toggle->button), toggle->shown(!on));
+        connectBefore(user, *feature, on);
+        const QString button = QLatin1String(feature->button);
+        QCOMPARE(user.text(feature->button), feature->shown(!on));
         kit::Sequence sequence(user);
-        user.click(toggle->button);
+        user.click(feature->button);
         QCOMPARE(
             sequence.take(),
             (QStringList{
                 button + (on ? QStringLiteral(" checked true") : QStringLiteral(" checked false")),
-                toggle->call(on), button + QStringLiteral(" text ") + toggle->shown(on),
-                QStringLiteral("log 2: ") + QLatin1String(toggle->ok)}));
+                feature->call(on), button + QStringLiteral(" text ") + feature->shown(on),
+                QStringLiteral("log 2: ") + QLatin1String(feature->ok)}));
     }
 
     void everyClickFirstFetchesTheLibrarysRoot_data() { everyRowBothWays(); }
     void everyClickFirstFetchesTheLibrarysRoot()
     {
-        QFETCH(const Toggle*, toggle);
+        QFETCH(const Switch*, feature);
         QFETCH(bool, on);
         kit::Operator user;
-        connectBefore(user, *toggle, on);
-        user.click(toggle->button);
+        connectBefore(user, *feature, on);
+        user.click(feature->button);
         QCOMPARE(QString::fromStdString(user.sdk.entries().front().text()),
                  QStringLiteral("OmbrixSdk.get_instance()"));
         QCOMPARE(user.sdk.count("OmbrixSdk.get_instance"), 1);
     }
 
-    void aRefusedToggleKeepsCheckStateAndCaptionAtOdds_data() { everyRowBothWays(); }
-    void aRefusedToggleKeepsCheckStateAndCaptionAtOdds()
+    void aRefusedSwitchKeepsCheckStateAndCaptionAtOdds_data() { everyRowBothWays(); }
+    void aRefusedSwitchKeepsCheckStateAndCaptionAtOdds()
     {
-        QFETCH(const Toggle*, toggle);
+        QFETCH(const Switch*, feature);
         QFETCH(bool, on);
         kit::Operator user;
-        connectBefore(user, *toggle, on);
-        user.sdk.answer(toggle->operation, 0);
+        connectBefore(user, *feature, on);
+        user.sdk.answer(feature->operation, 0);
         kit::Sequence sequence(user);
-        user.click(toggle->button);
-        QCOMPARE(
-            sequence.take(),
-            (QStringList{QLatin1String(toggle->button) + (on ? QStringLiteral(" checked true")
-                                                             : QStringLiteral(" checked false")),
-                         toggle->call(on), QStringLiteral("log 2: ") + QLatin1String(toggle->ko)}));
+        user.click(feature->button);
+        QCOMPARE(sequence.take(),
+                 (QStringList{
+                     QLatin1String(feature->button) +
+                         (on ? QStringLiteral(" checked true") : QStringLiteral(" checked false")),
+                     feature->call(on), QStringLiteral("log 2: ") + QLatin1String(feature->ko)}));
     }
 
     void afterARefusalTheNextReadBringsCheckStateAndCaptionTogether_data() { everyRowBothWays(); }
     void afterARefusalTheNextReadBringsCheckStateAndCaptionTogether()
     {
-        QFETCH(const Toggle*, toggle);
+        QFETCH(const Switch*, feature);
         QFETCH(bool, on);
         kit::Operator user;
-        connectBefore(user, *toggle, on);
-        user.sdk.answer(toggle->operation, 0);
-        user.click(toggle->button);
+        connectBefore(user, *feature, on);
+        user.sdk.answer(feature->operation, 0);
+        user.click(feature->button);
         user.click("readParamButtonUser");
         user.click("readParamButtonExpert");
-        QCOMPARE(user.checked(toggle->button), !on);
-        QCOMPARE(user.text(toggle->button), toggle->shown(!on));
+        QCOMPARE(user.checked(feature->button), !on);
+        QCOMPARE(user.text(feature->button), feature->shown(!on));
     }
 
     // The click after a refusal asks for the state that the camera never left.
     void aClickAfterARefusalAsksForTheOldStateAgain_data() { everyRowBothWays(); }
     void aClickAfterARefusalAsksForTheOldStateAgain()
     {
-        QFETCH(const Toggle*, toggle);
+        QFETCH(const Switch*, feature);
         QFETCH(bool, on);
         kit::Operator user;
-        connectBefore(user, *toggle, on);
-        user.sdk.answerCall(toggle->operation, 1, 0);
-        user.click(toggle->button);
+        connectBefore(user, *feature, on);
+        user.sdk.answerCall(feature->operation, 1, 0);
+        user.click(feature->button);
         user.forget();
-        user.click(toggle->button);
-        QCOMPARE(user.calls(), QStringList(toggle->call(!on)));
-        QCOMPARE(user.newLog(), line(toggle->ok));
-        QCOMPARE(user.checked(toggle->button), !on);
-        QCOMPARE(user.text(toggle->button), toggle->shown(!on));
+        user.click(feature->button);
+        QCOMPARE(user.calls(), QStringList(feature->call(!on)));
+        QCOMPARE(user.newLog(), line(feature->ok));
+        QCOMPARE(user.checked(feature->button), !on);
+        QCOMPARE(user.text(feature->button), feature->shown(!on));
     }
 
     void anAcceptedClickLeavesAForeignCaptionAlone_data()
     {
-        QTest::addColumn<const Toggle*>("toggle");
+        QTest::addColumn<const Switch*>("feature");
         QTest::addColumn<bool>("on");
         QTest::addColumn<QString>("caption");
-        for (const Toggle& toggle : switchrows::rows) {
+        for (const Switch& feature : switchrows::rows) {
             for (const bool on : {true, false}) {
-                const auto opposite = toggle.shown(!on);
+                const auto opposite = feature.shown(!on);
                 const auto add = [&](const char* kind, const QString& caption) {
-                    QTest::addRow("%s %s, %s", toggle.button, on ? "on" : "off", kind)
-                        << &toggle << on << caption;
+                    QTest::addRow("%s %s, %s", feature.button, on ? "on" : "off", kind)
+                        << &feature << on << caption;
                 };
                 add("other case", QString(opposite).toUpper());
                 add("one blank more", opposite + QLatin1Char(' '));
-                add("already right", toggle.shown(on));
+                add("already right", feature.shown(on));
             }
         }
     }
 
     void anAcceptedClickLeavesAForeignCaptionAlone()
     {
-        QFETCH(const Toggle*, toggle);
+        QFETCH(const Switch*, feature);
         QFETCH(bool, on);
         QFETCH(QString, caption);
         kit::Operator user;
-        connectBefore(user, *toggle, on);
-        user.find<QPushButton>(toggle->button).setText(caption);
-        user.click(toggle->button);
-        QCOMPARE(user.newLog(), line(toggle->ok));
-        QCOMPARE(user.checked(toggle->button), on);
-        QCOMPARE(user.text(toggle->button), caption);
+        connectBefore(user, *feature, on);
+        user.find<QPushButton>(feature->button).setText(caption);
+        user.click(feature->button);
+        QCOMPARE(user.newLog(), line(feature->ok));
+        QCOMPARE(user.checked(feature->button), on);
+        QCOMPARE(user.text(feature->button), caption);
     }
 
     void anyByteButZeroIsSuccess_data()
     {
-        QTest::addColumn<const Toggle*>("toggle");
+        QTest::addColumn<const Switch*>("feature");
         QTest::addColumn<int>("answer");
-        for (const Toggle& toggle : switchrows::rows) {
+        for (const Switch& feature : switchrows::rows) {
             for (const int answer : {2, 128, 255}) {
-                QTest::addRow("%s answered %d", toggle.button, answer) << &toggle << answer;
+                QTest::addRow("%s answered %d", feature.button, answer) << &feature << answer;
             }
         }
     }
 
     void anyByteButZeroIsSuccess()
     {
-        QFETCH(const Toggle*, toggle);
+        QFETCH(const Switch*, feature);
         QFETCH(int, answer);
         kit::Operator user;
-        connectBefore(user, *toggle, true);
-        user.sdk.answer(toggle->operation, answer);
-        user.click(toggle->button);
-        QCOMPARE(user.newLog(), line(toggle->ok));
-        QCOMPARE(user.text(toggle->button), toggle->shown(true));
+        connectBefore(user, *feature, true);
+        user.sdk.answer(feature->operation, answer);
+        user.click(feature->button);
+        QCOMPARE(user.newLog(), line(feature->ok));
+        QCOMPARE(user.text(feature->button), feature->shown(true));
     }
 
     void theCaptionStandsBeforeTheLineIsLogged_data() { everyRowBothWays(); }
     void theCaptionStandsBeforeTheLineIsLogged()
     {
-        QFETCH(const Toggle*, toggle);
+        QFETCH(const Switch*, feature);
         QFETCH(bool, on);
         QString captionAtTheCall;
         QString captionAtTheLine;
         kit::Operator user;
-        connectBefore(user, *toggle, on);
-        user.sdk.whenCalled(toggle->operation,
-                            [&] { captionAtTheCall = user.text(toggle->button); });
+        connectBefore(user, *feature, on);
+        user.sdk.whenCalled(feature->operation,
+                            [&] { captionAtTheCall = user.text(feature->button); });
         connect(&user.find<QPlainTextEdit>("logView"), &QPlainTextEdit::textChanged, this,
-                [&] { captionAtTheLine = user.text(toggle->button); });
-        user.click(toggle->button);
-        QCOMPARE(captionAtTheCall, toggle->shown(!on));
-        QCOMPARE(captionAtTheLine, toggle->shown(on));
+                [&] { captionAtTheLine = user.text(feature->button); });
+        user.click(feature->button);
+        QCOMPARE(captionAtTheCall, feature->shown(!on));
+        QCOMPARE(captionAtTheLine, feature->shown(on));
     }
 
     void theFormsOwnMipiCaptionSurvivesClicksBeforeAnyRead()
@@ -220,41 +220,41 @@ private Q_SLOTS:
     // makes them true, the second turns them.
     void beforeAnyReadTheFormsCaptionsBecomeTrueByTheFirstClick_data()
     {
-        QTest::addColumn<const Toggle*>("toggle");
-        for (const Toggle& toggle : switchrows::rows) {
-            if (qstrcmp(toggle.button, "mipiOutputButton") != 0) {
-                QTest::newRow(toggle.button) << &toggle;
+        QTest::addColumn<const Switch*>("feature");
+        for (const Switch& feature : switchrows::rows) {
+            if (qstrcmp(feature.button, "mipiOutputButton") != 0) {
+                QTest::newRow(feature.button) << &feature;
             }
         }
     }
 
     void beforeAnyReadTheFormsCaptionsBecomeTrueByTheFirstClick()
     {
-        QFETCH(const Toggle*, toggle);
+        QFETCH(const Switch*, feature);
         kit::Operator user;
         openTabsBeforeAnyRead(user);
-        user.click(toggle->button);
-        QCOMPARE(user.text(toggle->button), toggle->shown(true));
-        user.click(toggle->button);
-        QCOMPARE(user.text(toggle->button), toggle->shown(false));
+        user.click(feature->button);
+        QCOMPARE(user.text(feature->button), feature->shown(true));
+        user.click(feature->button);
+        QCOMPARE(user.text(feature->button), feature->shown(false));
     }
 
     void withoutACameraAClickSendsAndLogsNothing_data()
     {
-        QTest::addColumn<const Toggle*>("toggle");
-        for (const Toggle& toggle : switchrows::rows) {
-            QTest::newRow(toggle.button) << &toggle;
+        QTest::addColumn<const Switch*>("feature");
+        for (const Switch& feature : switchrows::rows) {
+            QTest::newRow(feature.button) << &feature;
         }
     }
 
     void withoutACameraAClickSendsAndLogsNothing()
     {
-        QFETCH(const Toggle*, toggle);
+        QFETCH(const Switch*, feature);
         kit::Operator user;
         user.sdk.configuration.expertMode = 1;
         user.find<QTabWidget>("tabWidget").setEnabled(true);
         user.forget();
-        user.click(toggle->button);
+        user.click(feature->button);
         QCOMPARE(user.calls(), QStringList());
         QCOMPARE(user.newLog(), QStringList());
     }
@@ -274,5 +274,5 @@ private:
     }
 };
 
-TAVREL_TEST_MAIN(TestToggles)
-#include "tst_toggles.moc"
+TAVREL_TEST_MAIN(TestSwitches)
+#include "tst_switches.moc"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "params/toggles.h"
+#include "params/switchbuttons.h"
 
 #include "app/mainwindow.h"
 
@@ -16,38 +16,38 @@ void alignCaption(QPushButton& button, const Captions& captions)
 
 } // namespace tavrel
 
-using tavrel::Toggle;
-namespace toggle = tavrel::toggle;
+using tavrel::SwitchButton;
+namespace switchbutton = tavrel::switchbutton;
 
-void MainWindow::readToggle(const Toggle& toggle)
+void MainWindow::readSwitch(const SwitchButton& row)
 {
-    const bool on = (camera->*toggle.get)() != 0;
-    QPushButton* button = ui->*toggle.button;
+    const bool on = (camera->*row.get)() != 0;
+    QPushButton* button = ui->*row.button;
     button->setChecked(on);
-    button->setText(QLatin1String(on ? toggle.captions.on : toggle.captions.off));
-    appendLog(std::string(toggle.label) + (on ? toggle.onWord : toggle.offWord));
+    button->setText(QLatin1String(on ? row.captions.on : row.captions.off));
+    appendLog(std::string(row.label) + (on ? row.onWord : row.offWord));
 }
 
-void MainWindow::setToggle(const Toggle& toggle)
+void MainWindow::setSwitch(const SwitchButton& row)
 {
     // The SDK sees its root asked for before every switch, although only the camera is used.
     ombrix_sdk::OmbrixSdk::get_instance();
     if (!mayCommand()) {
         return;
     }
-    QPushButton* button = ui->*toggle.button;
-    const ombrix_sdk::Flag result = toggle.set(*camera, button->isChecked());
+    QPushButton* button = ui->*row.button;
+    const ombrix_sdk::Flag result = row.set(*camera, button->isChecked());
     // A refused command leaves check state and caption at odds until the next read: nothing is
     // rolled back, so that the operator sees what he asked for.
     if (result != 0) {
-        alignCaption(*button, toggle.captions);
+        alignCaption(*button, row.captions);
     }
-    reportResult(result, toggle.ok, toggle.ko);
+    reportResult(result, row.ok, row.ko);
 }
 
 #define SWITCH(group, name, word, get, set, button, caption, label, on, off, ok, ko, handler)      \
     void MainWindow::handler()                                                                     \
     {                                                                                              \
-        setToggle(toggle::name);                                                                   \
+        setSwitch(switchbutton::name);                                                             \
     }
 #include "params/switches.def"

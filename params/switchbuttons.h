@@ -14,7 +14,7 @@ struct Captions {
     const char* off;
 };
 
-struct Toggle : Switch {
+struct SwitchButton : Switch {
     Group group;
     QPushButton* Ui_MainWindow::*button;
     Captions captions;
@@ -29,25 +29,25 @@ struct Toggle : Switch {
 /// caption.
 void alignCaption(QPushButton& button, const Captions& captions);
 
-namespace toggle {
+namespace switchbutton {
 
 #define SWITCH(group, name, word, get, set, button, caption, label, on, off, ok, ko, handler)      \
-    inline constexpr Toggle name{feature::name,                                                    \
-                                 Group::group,                                                     \
-                                 &Ui_MainWindow::button,                                           \
-                                 {caption ": Activated", caption ": Deactivated"},                 \
-                                 label,                                                            \
-                                 on,                                                               \
-                                 off,                                                              \
-                                 ok,                                                               \
-                                 ko};
+    inline constexpr SwitchButton name{feature::name,                                              \
+                                       Group::group,                                               \
+                                       &Ui_MainWindow::button,                                     \
+                                       {caption ": Activated", caption ": Deactivated"},           \
+                                       label,                                                      \
+                                       on,                                                         \
+                                       off,                                                        \
+                                       ok,                                                         \
+                                       ko};
 #include "params/switches.def"
 
-} // namespace toggle
+} // namespace switchbutton
 
 /// All of them, in the order in which a read shows those of a group.
-inline constexpr const Toggle* toggles[] = {
-#define SWITCH(group, name, ...) &toggle::name,
+inline constexpr const SwitchButton* switchButtons[] = {
+#define SWITCH(group, name, ...) &switchbutton::name,
 #include "params/switches.def"
 };
 
