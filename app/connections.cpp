@@ -35,8 +35,8 @@ void MainWindow::makeEditConnections()
             this, [this](Number number) { mirrorToSlider(*ui, tavrel::pair::name, number); });
 #include "params/values.def"
 
-    const auto forward = [this](QSpinBox* box, void (MainWindow::*slot)(int), int region) {
-        connect(box, &QSpinBox::editingFinished, this,
+    const auto forward = [this](QSpinBox* spinBox, void (MainWindow::*slot)(int), int region) {
+        connect(spinBox, &QSpinBox::editingFinished, this,
                 [this, slot, region] { (this->*slot)(region); });
     };
     // Both inclusive regions come before both exclusive ones.
@@ -94,8 +94,8 @@ void MainWindow::makeControlConnections()
     connect(ui->roi0ExcEnable, &QCheckBox::stateChanged, this, &MainWindow::roi0ExcCheck);
     connect(ui->roi1ExcEnable, &QCheckBox::stateChanged, this, &MainWindow::roi1ExcCheck);
 
-    const auto onIndex = [this](QComboBox* box, void (MainWindow::*handler)()) {
-        connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this, handler);
+    const auto onIndex = [this](QComboBox* comboBox, void (MainWindow::*handler)()) {
+        connect(comboBox, qOverload<int>(&QComboBox::currentIndexChanged), this, handler);
     };
     onIndex(ui->BaudRateConnectCB, &MainWindow::ChangeBaudRate);
     onIndex(ui->VideoOutputCB, &MainWindow::onVideoOutputCBChanged);

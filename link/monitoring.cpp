@@ -34,9 +34,9 @@ void MainWindow::getTemperature()
         timer->stop();
         return;
     }
-    const auto show = [](QPlainTextEdit* box, float milliKelvin) {
-        box->clear();
-        box->insertPlainText(tavrel::temperatureText(milliKelvin));
+    const auto show = [](QPlainTextEdit* field, float milliKelvin) {
+        field->clear();
+        field->insertPlainText(tavrel::temperatureText(milliKelvin));
     };
     show(ui->FpgaTempTextEdit, temperatures.fpga);
     show(ui->SensorTempTextEdit, temperatures.sensor);

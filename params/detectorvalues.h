@@ -30,7 +30,7 @@ inline constexpr DetectorValue gsk{
 inline constexpr DetectorValue gfid{
     "GFID", &Camera::getGfid, &Camera::setGfid,
     &Configuration::gfidValue, &Configuration::gfidMin, &Configuration::gfidMax, true};
-// GMS keeps its wide range, so its box can show more than its slider.
+// GMS keeps its wide range, so its spin box can show more than its slider.
 inline constexpr DetectorValue gms{
     "GMS", &Camera::getGms, &Camera::setGms,
     &Configuration::gmsValue, &Configuration::gmsMin, &Configuration::gmsMax, false};

@@ -18,12 +18,12 @@ namespace {
 /// became 15.
 class NumberInput final : public QValidator {
 public:
-    NumberInput(QAbstractSpinBox& ofBox, QLineEdit& ofEdit)
-        : QValidator(&ofEdit), box(ofBox), edit(ofEdit)
+    NumberInput(QAbstractSpinBox& ofSpinBox, QLineEdit& ofEdit)
+        : QValidator(&ofEdit), spinBox(ofSpinBox), edit(ofEdit)
     {
         start();
         edit.setValidator(this);
-        box.installEventFilter(this);
+        spinBox.installEventFilter(this);
     }
 
     State validate(QString& text, int& position) const override
@@ -31,11 +31,11 @@ public:
         const QString sign = decimalSign();
         const QLatin1Char comma(',');
         // Where a comma does not begin decimals it may as well group thousands: 1,024.
-        ambiguous |=
-            text.contains(comma) && sign != comma && box.property("maximum").toDouble() >= thousand;
+        ambiguous |= text.contains(comma) && sign != comma &&
+                     spinBox.property("maximum").toDouble() >= thousand;
         text.replace(QLatin1Char('.'), sign).replace(comma, sign);
         ambiguous &= text.contains(sign);
-        const State state = box.validate(text, position);
+        const State state = spinBox.validate(text, position);
         return state == Invalid && isKept(text, sign) ? Intermediate : state;
     }
 
@@ -61,13 +61,13 @@ private:
         return key == Qt::Key_Return || key == Qt::Key_Enter;
     }
 
-    [[nodiscard]] QString decimalSign() const { return QString(box.locale().decimalPoint()); }
+    [[nodiscard]] QString decimalSign() const { return QString(spinBox.locale().decimalPoint()); }
 
     /// A decimal too many is refused as a key. Where a sign has no place it is kept, because
     /// without it the text would be another number.
     [[nodiscard]] bool isKept(const QString& text, const QString& sign) const
     {
-        const int places = box.property("decimals").toInt() > 0 ? 1 : 0;
+        const int places = spinBox.property("decimals").toInt() > 0 ? 1 : 0;
         return text.count(sign) > places &&
                std::all_of(text.begin(), text.end(), [&](QChar character) {
                    return character.isDigit() || sign == character;
@@ -76,7 +76,7 @@ private:
 
     void start()
     {
-        before = box.property("value");
+        before = spinBox.property("value");
         ambiguous = false;
     }
 
@@ -84,10 +84,10 @@ private:
     {
         QString text = edit.text();
         int position = 0;
-        const bool isNumber = box.validate(text, position) == Acceptable;
+        const bool isNumber = spinBox.validate(text, position) == Acceptable;
         if (ambiguous ||
             (!isNumber && text.contains(decimalSign()) && !hasOnlySpareDecimals(text))) {
-            box.setProperty("value", before);
+            spinBox.setProperty("value", before);
         }
         start();
     }
@@ -97,11 +97,11 @@ private:
     {
         constexpr int groupSize = 3;
         const QString sign = decimalSign();
-        return qobject_cast<const QDoubleSpinBox*>(&box) != nullptr && text.count(sign) == 1 &&
+        return qobject_cast<const QDoubleSpinBox*>(&spinBox) != nullptr && text.count(sign) == 1 &&
                text.size() - text.indexOf(sign) - sign.size() != groupSize;
     }
 
-    QAbstractSpinBox& box;
+    QAbstractSpinBox& spinBox;
     QLineEdit& edit;
     QVariant before; ///< the value at the beginning of the edit
     mutable bool ambiguous = false;
@@ -111,10 +111,10 @@ private:
 
 void takeDotAsDecimalSign(QWidget& window)
 {
-    const QList<QAbstractSpinBox*> boxes = window.findChildren<QAbstractSpinBox*>();
-    for (QAbstractSpinBox* box : boxes) {
+    const QList<QAbstractSpinBox*> spinBoxes = window.findChildren<QAbstractSpinBox*>();
+    for (QAbstractSpinBox* spinBox : spinBoxes) {
         // The field owns it.
-        new NumberInput(*box, *box->findChild<QLineEdit*>());
+        new NumberInput(*spinBox, *spinBox->findChild<QLineEdit*>());
     }
 }
 

@@ -24,7 +24,7 @@ using Pair = pairrows::Row;
 using pairrows::rows;
 
 struct Field {
-    const char* box;
+    const char* spinBox;
     const char* sent;
 };
 
@@ -95,13 +95,13 @@ Control list(const char* combo, const char* entry, const char* call)
             }};
 }
 
-Control regionEnable(const char* box, const char* field)
+Control regionEnable(const char* checkBox, const char* field)
 {
-    return {box, SIGNAL(stateChanged(int)), [=](Operator& user) {
+    return {checkBox, SIGNAL(stateChanged(int)), [=](Operator& user) {
                 QVERIFY(user.enabled(field));
-                user.click(box);
+                user.click(checkBox);
                 QVERIFY(!user.enabled(field));
-                user.click(box);
+                user.click(checkBox);
                 QVERIFY(user.enabled(field));
             }};
 }
@@ -215,7 +215,7 @@ const std::vector<Control>& otherControls()
     return all;
 }
 
-// Switches, buttons, enable boxes and lists.
+// Switches, buttons, check boxes and lists.
 const std::vector<Control>& controls()
 {
     static const std::vector<Control> all = [] {
@@ -240,10 +240,10 @@ void connectEverything(Operator& user)
     user.connectCamera();
 }
 
-double boxValue(Operator& user, const char* name)
+double spinBoxValue(Operator& user, const char* name)
 {
-    QWidget& box = user.widget(name);
-    if (const auto* const fractional = qobject_cast<QDoubleSpinBox*>(&box)) {
+    QWidget& spinBox = user.widget(name);
+    if (const auto* const fractional = qobject_cast<QDoubleSpinBox*>(&spinBox)) {
         return fractional->value();
     }
     return user.find<QSpinBox>(name).value();
@@ -272,7 +272,7 @@ QMap<QPair<QString, QString>, int> connectionCounts()
         add(pair.spinBox, SIGNAL(editingFinished()));
     }
     for (const Field& field : regionFields) {
-        add(field.box, SIGNAL(editingFinished()));
+        add(field.spinBox, SIGNAL(editingFinished()));
     }
     for (const Control& control : controls()) {
         add(control.sender, control.signal);
@@ -365,10 +365,10 @@ private Q_SLOTS:
             0);
         QCOMPARE(connectionsOf(user.widget("BaudRateCB"), SIGNAL(currentIndexChanged(int))), 0);
         QCOMPARE(connectionsOf(user.widget("methodZoomEdit"), SIGNAL(currentIndexChanged(int))), 0);
-        for (const char* const box :
+        for (const char* const spinBox :
              {"xCenterZoomEdit", "yCenterZoomEdit", "xResolutionZoomEdit", "yResolutionZoomEdit",
               "factorZoomEdit", "xBadPixelCoordinate", "yBadPixelCoordinate"}) {
-            QCOMPARE(connectionsOf(user.widget(box), SIGNAL(editingFinished())), 0);
+            QCOMPARE(connectionsOf(user.widget(spinBox), SIGNAL(editingFinished())), 0);
         }
     }
 
@@ -436,17 +436,17 @@ private Q_SLOTS:
         QTRY_VERIFY(user.sdk.count("camera.getTemperatures") >= 1);
     }
 
-    void aMovedSliderMovesItsBox_data() { addPairs(); }
-    void aMovedSliderMovesItsBox()
+    void aMovedSliderMovesItsSpinBox_data() { addPairs(); }
+    void aMovedSliderMovesItsSpinBox()
     {
         const Pair& pair = rows[row()];
         Operator user;
         connectEverything(user);
-        const double before = boxValue(user, pair.spinBox);
+        const double before = spinBoxValue(user, pair.spinBox);
         user.press(pair.slider, Qt::Key_Left);
         const double expected = user.sliderValue(pair.slider) * pair.scale + pair.offset;
-        QVERIFY(!qFuzzyCompare(boxValue(user, pair.spinBox), before));
-        QCOMPARE(boxValue(user, pair.spinBox), expected);
+        QVERIFY(!qFuzzyCompare(spinBoxValue(user, pair.spinBox), before));
+        QCOMPARE(spinBoxValue(user, pair.spinBox), expected);
         QCOMPARE(user.calls(), QStringList());
     }
 
@@ -460,22 +460,22 @@ private Q_SLOTS:
         sends(user, {pair.asRead});
     }
 
-    void aChangedBoxMovesItsSlider_data() { addPairs(); }
-    void aChangedBoxMovesItsSlider()
+    void aChangedSpinBoxMovesItsSlider_data() { addPairs(); }
+    void aChangedSpinBoxMovesItsSlider()
     {
         const Pair& pair = rows[row()];
         Operator user;
         connectEverything(user);
         const int before = user.sliderValue(pair.slider);
         user.press(pair.spinBox, Qt::Key_Down);
-        const int expected = qRound((boxValue(user, pair.spinBox) - pair.offset) / pair.scale);
+        const int expected = qRound((spinBoxValue(user, pair.spinBox) - pair.offset) / pair.scale);
         QVERIFY(user.sliderValue(pair.slider) != before);
         QCOMPARE(user.sliderValue(pair.slider), expected);
         QCOMPARE(user.calls(), QStringList());
     }
 
-    void aFinishedBoxSends_data() { addPairs(); }
-    void aFinishedBoxSends()
+    void aFinishedSpinBoxSends_data() { addPairs(); }
+    void aFinishedSpinBoxSends()
     {
         const Pair& pair = rows[row()];
         Operator user;
@@ -489,7 +489,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("row");
         int number = 0;
         for (const Field& field : regionFields) {
-            QTest::newRow(field.box) << number++;
+            QTest::newRow(field.spinBox) << number++;
         }
     }
 
@@ -498,7 +498,7 @@ private Q_SLOTS:
         const Field& field = regionFields[row()];
         Operator user;
         connectEverything(user);
-        user.press(field.box, Qt::Key_Tab);
+        user.press(field.spinBox, Qt::Key_Tab);
         sends(user, {field.sent});
     }
 

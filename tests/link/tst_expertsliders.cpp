@@ -18,7 +18,7 @@ struct Row {
     std::int32_t Configuration::*value;
     std::int32_t Configuration::*minimum;
     std::int32_t Configuration::*maximum;
-    bool boxHasLimits;
+    bool spinBoxHasLimits;
 };
 
 const Row rows[] = {
@@ -67,10 +67,10 @@ private Q_SLOTS:
         QCOMPARE(slider.minimum(), 100);
         QCOMPARE(slider.maximum(), 900);
         QCOMPARE(slider.value(), 345);
-        const auto& box = user.find<QDoubleSpinBox>(row().spinBox);
-        QCOMPARE(box.minimum(), row().boxHasLimits ? 100.0 : 0.0);
-        QCOMPARE(box.maximum(), row().boxHasLimits ? 900.0 : gmsFormMaximum);
-        QCOMPARE(box.value(), 345.0);
+        const auto& spinBox = user.find<QDoubleSpinBox>(row().spinBox);
+        QCOMPARE(spinBox.minimum(), row().spinBoxHasLimits ? 100.0 : 0.0);
+        QCOMPARE(spinBox.maximum(), row().spinBoxHasLimits ? 900.0 : gmsFormMaximum);
+        QCOMPARE(spinBox.value(), 345.0);
     }
 
     void everySliderStandsLevelWithTheSameSteps_data() { addRows(); }
@@ -91,13 +91,13 @@ private Q_SLOTS:
         kit::Operator user;
         user.start();
         auto& slider = user.find<QSlider>(row().slider);
-        auto& box = user.find<QDoubleSpinBox>(row().spinBox);
+        auto& spinBox = user.find<QDoubleSpinBox>(row().spinBox);
         slider.setEnabled(false);
         slider.setOrientation(Qt::Vertical);
         slider.setTickInterval(5);
         slider.setSingleStep(5);
         slider.setPageStep(5);
-        box.setSingleStep(5);
+        spinBox.setSingleStep(5);
         Configuration& configuration = user.sdk.configurationObject();
         configuration.*row().minimum = -7;
         configuration.*row().maximum = 70;
@@ -111,10 +111,10 @@ private Q_SLOTS:
         QCOMPARE(slider.minimum(), -7);
         QCOMPARE(slider.maximum(), 70);
         QCOMPARE(slider.value(), 7);
-        QCOMPARE(box.minimum(), row().boxHasLimits ? -7.0 : 0.0);
-        QCOMPARE(box.maximum(), row().boxHasLimits ? 70.0 : gmsFormMaximum);
-        QCOMPARE(box.value(), 7.0);
-        QCOMPARE(box.singleStep(), 1.0);
+        QCOMPARE(spinBox.minimum(), row().spinBoxHasLimits ? -7.0 : 0.0);
+        QCOMPARE(spinBox.maximum(), row().spinBoxHasLimits ? 70.0 : gmsFormMaximum);
+        QCOMPARE(spinBox.value(), 7.0);
+        QCOMPARE(spinBox.singleStep(), 1.0);
     }
 
     void aFailedReadOfTheUserParametersSetsThemUpAllTheSame()
@@ -150,11 +150,11 @@ private Q_SLOTS:
         configuration.*row().value = 60;
         QCOMPARE(user.sliderValue(row().slider), 50);
         QCOMPARE(user.find<QDoubleSpinBox>(row().spinBox).value(),
-                 row().boxHasLimits ? 50.0 : 60.0);
+                 row().spinBoxHasLimits ? 50.0 : 60.0);
         user.connectCamera();
         QCOMPARE(user.sliderValue(row().slider), 50);
         QCOMPARE(user.find<QDoubleSpinBox>(row().spinBox).value(),
-                 row().boxHasLimits ? 50.0 : 60.0);
+                 row().spinBoxHasLimits ? 50.0 : 60.0);
     }
 
     void aValueBelowItsMinimumIsRaised_data() { addRows(); }
@@ -166,7 +166,8 @@ private Q_SLOTS:
         configuration.*row().maximum = 50;
         configuration.*row().value = 5;
         QCOMPARE(user.sliderValue(row().slider), 10);
-        QCOMPARE(user.find<QDoubleSpinBox>(row().spinBox).value(), row().boxHasLimits ? 10.0 : 5.0);
+        QCOMPARE(user.find<QDoubleSpinBox>(row().spinBox).value(),
+                 row().spinBoxHasLimits ? 10.0 : 5.0);
     }
 
     void limitsTooFarApartForASliderEndItEarlier_data() { addRows(); }
@@ -210,7 +211,7 @@ private Q_SLOTS:
             user.sdk.configurationObject().*pair.value = 77;
         }
         user.connectCamera();
-        // A slider may move to and fro until its box has the new range as well.
+        // A slider may move to and fro until its spin box has the new range as well.
         order.removeDuplicates();
         QCOMPARE(order, kit::lines({"GSK", "GFID", "GMS", "TINT"}));
     }

@@ -40,9 +40,9 @@ QStringList theCameraIsGivenBack()
     return kit::lines({"link.closeCamera(camera 1)", "sdk.releaseSerialLink(link 1)"});
 }
 
-double valueOf(kit::Operator& user, const char* box)
+double valueOf(kit::Operator& user, const char* spinBox)
 {
-    return user.widget(box).property("value").toDouble();
+    return user.widget(spinBox).property("value").toDouble();
 }
 
 QStringList pairsApart(kit::Operator& user)

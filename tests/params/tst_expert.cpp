@@ -19,7 +19,7 @@ struct Row {
     std::int32_t ombrix_sdk::ISdkConfiguration::*minimum;
     std::int32_t ombrix_sdk::ISdkConfiguration::*maximum;
     std::uint32_t recording::CameraState::*state;
-    bool boxHasLimits;
+    bool spinBoxHasLimits;
 };
 
 using Configuration = ombrix_sdk::ISdkConfiguration;
@@ -108,11 +108,11 @@ private Q_SLOTS:
         QCOMPARE(slider.tickInterval(), 1);
         QCOMPARE(slider.singleStep(), 1);
         QCOMPARE(slider.pageStep(), 10);
-        const auto& box = user.find<QDoubleSpinBox>(row->spinBox);
-        QCOMPARE(box.minimum(), row->boxHasLimits ? -7.0 : 0.0);
-        QCOMPARE(box.maximum(), row->boxHasLimits ? 1234.0 : 4294967296.0);
-        QCOMPARE(box.value(), 321.0);
-        QCOMPARE(box.singleStep(), 1.0);
+        const auto& spinBox = user.find<QDoubleSpinBox>(row->spinBox);
+        QCOMPARE(spinBox.minimum(), row->spinBoxHasLimits ? -7.0 : 0.0);
+        QCOMPARE(spinBox.maximum(), row->spinBoxHasLimits ? 1234.0 : 4294967296.0);
+        QCOMPARE(spinBox.value(), 321.0);
+        QCOMPARE(spinBox.singleStep(), 1.0);
     }
 
     void aValueOutsideTheLimitsIsShownAtTheNearerOne_data()
@@ -120,11 +120,12 @@ private Q_SLOTS:
         QTest::addColumn<const Row*>("row");
         QTest::addColumn<int>("value");
         QTest::addColumn<int>("slider");
-        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("spinBox");
         for (const Row& row : rows) {
             const auto add = [&](const char* name, int value, int slider) {
-                const QString box = QString::number(row.boxHasLimits ? slider : qMax(value, 0));
-                QTest::addRow("%s %s", row.name, name) << &row << value << slider << box;
+                const QString spinBox =
+                    QString::number(row.spinBoxHasLimits ? slider : qMax(value, 0));
+                QTest::addRow("%s %s", row.name, name) << &row << value << slider << spinBox;
             };
             add("above", 60, 50);
             add("far above", 2147483647, 50);
@@ -140,14 +141,14 @@ private Q_SLOTS:
         QFETCH(const Row*, row);
         QFETCH(int, value);
         QFETCH(int, slider);
-        QFETCH(QString, box);
+        QFETCH(QString, spinBox);
         kit::Operator user;
         Configuration& configuration = user.sdk.configurationObject();
         configuration.*row->minimum = 10;
         configuration.*row->maximum = 50;
         configuration.*row->value = value;
         QCOMPARE(user.sliderValue(row->slider), slider);
-        QCOMPARE(user.text(row->spinBox), box);
+        QCOMPARE(user.text(row->spinBox), spinBox);
     }
 
     // Inverted limits leave the lower one as the only value.
@@ -174,7 +175,7 @@ private Q_SLOTS:
         connectExpert(user);
         QCOMPARE(user.sliderValue(row->slider), 20);
         QCOMPARE(user.text(row->spinBox),
-                 row->boxHasLimits ? QStringLiteral("20") : QStringLiteral("17"));
+                 row->spinBoxHasLimits ? QStringLiteral("20") : QStringLiteral("17"));
     }
 
     void everyConnectionReadsTheConfigurationAgain_data() { everyRow(); }
@@ -193,7 +194,7 @@ private Q_SLOTS:
         QCOMPARE(user.sliderValue(row->slider), 150);
         QCOMPARE(user.text(row->spinBox), QStringLiteral("150"));
         QCOMPARE(user.find<QDoubleSpinBox>(row->spinBox).minimum(),
-                 row->boxHasLimits ? 100.0 : 0.0);
+                 row->spinBoxHasLimits ? 100.0 : 0.0);
     }
 
     void everyConnectionSetsTheSlidersUpAgain_data() { everyRow(); }
@@ -208,15 +209,15 @@ private Q_SLOTS:
         slider.setTickInterval(3);
         slider.setSingleStep(3);
         slider.setPageStep(3);
-        auto& box = user.find<QDoubleSpinBox>(row->spinBox);
-        box.setSingleStep(3.0);
+        auto& spinBox = user.find<QDoubleSpinBox>(row->spinBox);
+        spinBox.setSingleStep(3.0);
         disconnectAndConnect(user);
         QVERIFY(slider.isEnabled());
         QCOMPARE(slider.orientation(), Qt::Horizontal);
         QCOMPARE(slider.tickInterval(), 1);
         QCOMPARE(slider.singleStep(), 1);
         QCOMPARE(slider.pageStep(), 10);
-        QCOMPARE(box.singleStep(), 1.0);
+        QCOMPARE(spinBox.singleStep(), 1.0);
     }
 
     void whatTheOperatorLeftIsReplacedByTheConfigurationAtTheNextConnection()
@@ -421,9 +422,9 @@ private Q_SLOTS:
             user.newLog().filter(QLatin1String(row->name) + QStringLiteral(" value")),
             QStringList(QStringLiteral("%1 value = %2").arg(QLatin1String(row->name)).arg(value)));
         QCOMPARE(user.sliderValue(row->slider), slider);
-        // The box without limits shows what the camera has.
+        // The spin box without limits shows what the camera has.
         QCOMPARE(user.text(row->spinBox),
-                 row->boxHasLimits ? QString::number(slider) : QString::number(value));
+                 row->spinBoxHasLimits ? QString::number(slider) : QString::number(value));
     }
 
     // ---- applying to the camera
@@ -632,14 +633,15 @@ private Q_SLOTS:
         QCOMPARE(user.sdk.configurationObject().gmsValue, stored);
     }
 
-    // The four fields that have limits hold the slider's value, even where the box shows another.
+    // The four fields that have limits hold the slider's value, even where the spin box shows
+    // another.
     void withoutACameraTheOthersAreTakenFromTheirSliders()
     {
         kit::Operator user;
         user.window();
-        for (const char* const box : {"gskEdit", "gfidEdit", "tintEdit"}) {
-            const QSignalBlocker noMirror(user.widget(box));
-            user.find<QDoubleSpinBox>(box).setValue(1);
+        for (const char* const spinBox : {"gskEdit", "gfidEdit", "tintEdit"}) {
+            const QSignalBlocker noMirror(user.widget(spinBox));
+            user.find<QDoubleSpinBox>(spinBox).setValue(1);
         }
         QVERIFY(apply(user));
         QCOMPARE(configured(user), (std::array{2, 300, 40, 5}));

@@ -10,7 +10,7 @@ namespace {
 using State = recording::CameraState;
 
 struct List {
-    const char* box;
+    const char* comboBox;
     const char* operation;
     const char* following; ///< the arguments behind the index
     const char* ok;
@@ -77,7 +77,7 @@ void everyEntry()
     QTest::addColumn<int>("index");
     for (const List& list : lists) {
         for (std::size_t index = 0; index < list.count; ++index) {
-            QTest::addRow("%s %s", list.box, list.entries[index])
+            QTest::addRow("%s %s", list.comboBox, list.entries[index])
                 << &list << static_cast<int>(index);
         }
     }
@@ -87,7 +87,7 @@ void everyList()
 {
     QTest::addColumn<const List*>("list");
     for (const List& list : lists) {
-        QTest::newRow(list.box) << &list;
+        QTest::newRow(list.comboBox) << &list;
     }
 }
 
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QFETCH(int, index);
         kit::Operator user;
         connectBefore(user, *list, index);
-        user.choose(list->box, list->entries[static_cast<std::size_t>(index)]);
+        user.choose(list->comboBox, list->entries[static_cast<std::size_t>(index)]);
         QCOMPARE(user.calls(), callWith(*list, index));
         QCOMPARE(user.newLog(), line(list->ok));
     }
@@ -128,10 +128,10 @@ private Q_SLOTS:
         connectBefore(user, *list, index);
         user.sdk.answer(list->operation, 0);
         const char* const entry = list->entries[static_cast<std::size_t>(index)];
-        user.choose(list->box, entry);
+        user.choose(list->comboBox, entry);
         QCOMPARE(user.calls(), callWith(*list, index));
         QCOMPARE(user.newLog(), line(list->ko));
-        QCOMPARE(user.text(list->box), QLatin1String(entry));
+        QCOMPARE(user.text(list->comboBox), QLatin1String(entry));
     }
 
     void anyByteButZeroIsSuccess_data()
@@ -140,7 +140,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("answer");
         for (const List& list : lists) {
             for (const int answer : {2, 128, 255}) {
-                QTest::addRow("%s answered %d", list.box, answer) << &list << answer;
+                QTest::addRow("%s answered %d", list.comboBox, answer) << &list << answer;
             }
         }
     }
@@ -152,7 +152,7 @@ private Q_SLOTS:
         kit::Operator user;
         connectBefore(user, *list, 1);
         user.sdk.answer(list->operation, answer);
-        user.choose(list->box, list->entries[1]);
+        user.choose(list->comboBox, list->entries[1]);
         QCOMPARE(user.newLog(), line(list->ok));
     }
 
@@ -162,7 +162,7 @@ private Q_SLOTS:
         QFETCH(const List*, list);
         kit::Operator user;
         user.connectCamera();
-        user.choose(list->box, list->entries[0]);
+        user.choose(list->comboBox, list->entries[0]);
         QCOMPARE(user.calls(), QStringList());
         QCOMPARE(user.newLog(), QStringList());
     }
@@ -173,7 +173,7 @@ private Q_SLOTS:
         QFETCH(const List*, list);
         kit::Operator user;
         user.connectCamera();
-        user.press(list->box, Qt::Key_Down);
+        user.press(list->comboBox, Qt::Key_Down);
         QCOMPARE(user.calls(), callWith(*list, 1));
         QCOMPARE(user.newLog(), line(list->ok));
     }
@@ -185,7 +185,7 @@ private Q_SLOTS:
         QFETCH(const List*, list);
         kit::Operator user;
         user.connectCamera();
-        user.find<QComboBox>(list->box).setCurrentIndex(-1);
+        user.find<QComboBox>(list->comboBox).setCurrentIndex(-1);
         QCOMPARE(user.calls(), callWith(*list, 255));
         QCOMPARE(user.newLog(), line(list->ok));
     }
@@ -197,7 +197,7 @@ private Q_SLOTS:
         kit::Operator user;
         user.find<QTabWidget>("tabWidget").setEnabled(true);
         user.forget();
-        user.choose(list->box, list->entries[1]);
+        user.choose(list->comboBox, list->entries[1]);
         QCOMPARE(user.calls(), QStringList());
         QCOMPARE(user.newLog(), QStringList());
     }

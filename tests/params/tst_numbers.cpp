@@ -72,12 +72,12 @@ private Q_SLOTS:
                  QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry)) {
             const Desktop desktop(locale.name());
             QWidget window;
-            auto* const box = new QDoubleSpinBox(&window);
+            auto* const spinBox = new QDoubleSpinBox(&window);
             tavrel::takeDotAsDecimalSign(window);
-            auto& edit = *box->findChild<QLineEdit*>();
+            auto& edit = *spinBox->findChild<QLineEdit*>();
             edit.clear();
             edit.insert(QStringLiteral("2.5"));
-            if (box->value() != 2.5 || !edit.hasAcceptableInput()) {
+            if (spinBox->value() != 2.5 || !edit.hasAcceptableInput()) {
                 wrong << locale.name();
             }
         }
@@ -144,8 +144,8 @@ private Q_SLOTS:
             user.type(field.constData(), typed.constData(), end);
             QCOMPARE(value(user, field), std::isnan(expected) ? before : expected);
             // What the field shows is what it holds.
-            const auto& box = user.find<QAbstractSpinBox>(field.constData());
-            QCOMPARE(box.locale().toDouble(box.text()), value(user, field));
+            const auto& spinBox = user.find<QAbstractSpinBox>(field.constData());
+            QCOMPARE(spinBox.locale().toDouble(spinBox.text()), value(user, field));
         }
     }
 

@@ -134,8 +134,8 @@ private Q_SLOTS:
         }
         const auto& tabs = form.find<QTabWidget>(QStringLiteral("tabWidget"));
         const QList<QAbstractSpinBox*> spins = tabs.findChildren<QAbstractSpinBox*>();
-        for (const QAbstractSpinBox* box : spins) {
-            QVERIFY2(known.count(box->objectName()) == 1, qPrintable(box->objectName()));
+        for (const QAbstractSpinBox* spinBox : spins) {
+            QVERIFY2(known.count(spinBox->objectName()) == 1, qPrintable(spinBox->objectName()));
         }
         const QList<QComboBox*> combos = tabs.findChildren<QComboBox*>();
         for (const QComboBox* list : combos) {

@@ -97,19 +97,19 @@ private Q_SLOTS:
 
     void aListShowsTheCamerasEntryAndSendsItBack_data()
     {
-        QTest::addColumn<QByteArray>("box");
+        QTest::addColumn<QByteArray>("comboBox");
         QTest::addColumn<QByteArray>("getter");
         QTest::addColumn<int>("reported");
         QTest::addColumn<int>("index");
         QTest::addColumn<QString>("sent");
         QTest::addColumn<QStringList>("logged");
-        const auto rows = [](const char* box, const char* getter, const char* setter,
+        const auto rows = [](const char* comboBox, const char* getter, const char* setter,
                              const char* okLine, const char* label,
                              std::initializer_list<const char*> texts, int outside) {
             int index = 0;
             const auto add = [&](int reported, int shown, const char* text) {
-                QTest::addRow("%s %d", box, reported)
-                    << QByteArray(box) << QByteArray(getter) << reported << shown
+                QTest::addRow("%s %d", comboBox, reported)
+                    << QByteArray(comboBox) << QByteArray(getter) << reported << shown
                     << QStringLiteral("%1(%2)").arg(QLatin1String(setter)).arg(shown & 0xFF)
                     << kit::lines({okLine}) +
                            QStringList(QLatin1String(label) + QLatin1String(text));
@@ -135,7 +135,7 @@ private Q_SLOTS:
 
     void aListShowsTheCamerasEntryAndSendsItBack()
     {
-        QFETCH(QByteArray, box);
+        QFETCH(QByteArray, comboBox);
         QFETCH(QByteArray, getter);
         QFETCH(int, reported);
         QFETCH(int, index);
@@ -146,7 +146,7 @@ private Q_SLOTS:
         user.connectCamera();
         user.sdk.answer(getter.constData(), reported);
         read(user);
-        QCOMPARE(user.find<QComboBox>(box).currentIndex(), index);
+        QCOMPARE(user.find<QComboBox>(comboBox).currentIndex(), index);
         QCOMPARE(user.calls(), nothing() << sent);
         const auto start = user.newLog().indexOf(logged.first());
         QCOMPARE(user.newLog().mid(start, 2), logged);
@@ -335,8 +335,8 @@ private Q_SLOTS:
             QCOMPARE(user.checked(row.enable), enabled);
         }
         // The first region is always included; the others are edited only while they are enabled.
-        for (const char* const box : {row.x1, row.y1, row.x2, row.y2}) {
-            QCOMPARE(user.enabled(box), row.enable == nullptr || enabled);
+        for (const char* const spinBox : {row.x1, row.y1, row.x2, row.y2}) {
+            QCOMPARE(user.enabled(spinBox), row.enable == nullptr || enabled);
         }
         QVERIFY(user.checked("checkBox"));
         QVERIFY(!user.enabled("checkBox"));

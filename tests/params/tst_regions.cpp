@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The four regions of interest: sixteen coordinates, their rule, and the boxes that enable a row.
+// The four regions of interest: sixteen coordinates, their rule, and the check boxes that enable a
+// row.
 #include "params/regions.h"
 #include "tests/kit/operator.h"
 
@@ -38,7 +39,7 @@ constexpr const char* rows[] = {"Roi0Inc", "Roi0Exc", "Roi1Inc", "Roi1Exc"};
 constexpr const char* enableBoxes[] = {nullptr, "roi0ExcEnable", "roi1IncEnable", "roi1ExcEnable"};
 // clang-format on
 
-QByteArray box(int region, const char* coordinate)
+QByteArray fieldOf(int region, const char* coordinate)
 {
     return QByteArray(rows[region]) + coordinate;
 }
@@ -88,7 +89,7 @@ void everyCoordinate()
     QTest::addColumn<const Coordinate*>("coordinate");
     for (int region = 0; region < 4; ++region) {
         for (const Coordinate& coordinate : coordinates) {
-            QTest::newRow(box(region, coordinate.name).constData()) << region << &coordinate;
+            QTest::newRow(fieldOf(region, coordinate.name).constData()) << region << &coordinate;
         }
     }
 }
@@ -145,13 +146,13 @@ private Q_SLOTS:
         kit::Operator user;
         connectCamera(user);
         user.expectBox(broken(*coordinate, region));
-        typeAndLeave(user, box(region, coordinate->name), coordinate->breaking);
+        typeAndLeave(user, fieldOf(region, coordinate->name), coordinate->breaking);
         QCOMPARE(user.calls(), QStringList(sent(coordinate->name, coordinate->breaking, region)));
         QCOMPARE(user.newLog(), QStringList(accepted(coordinate->name, region)));
         const bool gaveWay = QByteArray(coordinate->name) == coordinate->loser;
         const int opposite = gaveWay ? high : coordinate->breaking;
-        QCOMPARE(user.text(box(region, coordinate->loser)), QString::number(opposite));
-        QCOMPARE(user.text(box(region, coordinate->opposite)), QString::number(opposite));
+        QCOMPARE(user.text(fieldOf(region, coordinate->loser)), QString::number(opposite));
+        QCOMPARE(user.text(fieldOf(region, coordinate->opposite)), QString::number(opposite));
     }
 
     void theScreenIsCorrectedBeforeTheBoxOpensAndTheCameraToldAfterwards_data()
@@ -169,12 +170,12 @@ private Q_SLOTS:
         QStringList callsBehindTheBox = {QStringLiteral("not looked at")};
         kit::Box announced = broken(*coordinate, region);
         announced.whileOpen = [&](QDialog&) {
-            first = user.text(box(region, coordinate->loser));
-            second = user.text(box(region, coordinate->opposite));
+            first = user.text(fieldOf(region, coordinate->loser));
+            second = user.text(fieldOf(region, coordinate->opposite));
             callsBehindTheBox = user.calls();
         };
         user.expectBox(announced);
-        typeAndLeave(user, box(region, coordinate->name), coordinate->breaking);
+        typeAndLeave(user, fieldOf(region, coordinate->name), coordinate->breaking);
         QCOMPARE(first, second);
         QCOMPARE(callsBehindTheBox, QStringList());
     }
@@ -187,10 +188,11 @@ private Q_SLOTS:
         kit::Operator user;
         connectCamera(user);
         user.sdk.answerEveryCommand(0);
-        user.type(box(region, coordinate->name), QByteArray::number(coordinate->allowed));
+        user.type(fieldOf(region, coordinate->name), QByteArray::number(coordinate->allowed));
         QCOMPARE(user.calls(), QStringList(sent(coordinate->name, coordinate->allowed, region)));
         QCOMPARE(user.newLog(), QStringList(refused(coordinate->name)));
-        QCOMPARE(user.text(box(region, coordinate->name)), QString::number(coordinate->allowed));
+        QCOMPARE(user.text(fieldOf(region, coordinate->name)),
+                 QString::number(coordinate->allowed));
     }
 
     void aBrokenRuleThatIsRefusedAsWellIsBothAskedAndReported_data() { everyCoordinate(); }
@@ -202,7 +204,7 @@ private Q_SLOTS:
         connectCamera(user);
         user.sdk.answerEveryCommand(0);
         user.expectBox(broken(*coordinate, region));
-        typeAndLeave(user, box(region, coordinate->name), coordinate->breaking);
+        typeAndLeave(user, fieldOf(region, coordinate->name), coordinate->breaking);
         QCOMPARE(user.calls(), QStringList(sent(coordinate->name, coordinate->breaking, region)));
         QCOMPARE(user.newLog(), QStringList(refused(coordinate->name)));
     }
@@ -252,7 +254,7 @@ private Q_SLOTS:
         user.showTab("LUT");
         const Coordinate& coordinate = coordinates[0];
         user.expectBox(broken(coordinate, 0));
-        user.type(box(0, coordinate.name), QByteArray::number(coordinate.breaking),
+        user.type(fieldOf(0, coordinate.name), QByteArray::number(coordinate.breaking),
                   Qt::Key_unknown);
         QStringList callsMeanwhile;
         bool menuMeanwhile = true;
@@ -271,7 +273,7 @@ private Q_SLOTS:
         meanwhile.start(std::chrono::milliseconds(5));
         QTimer::singleShot(0, this, [&] {
             // As the menu key asks for it, the same on every system.
-            QWidget& edited = user.widget(box(0, coordinate.name));
+            QWidget& edited = user.widget(fieldOf(0, coordinate.name));
             const QPoint middle = edited.rect().center();
             QContextMenuEvent ask(QContextMenuEvent::Keyboard, middle, edited.mapToGlobal(middle));
             QCoreApplication::sendEvent(&edited, &ask);
@@ -322,12 +324,12 @@ private Q_SLOTS:
         user.rest();
         QStringList expected;
         for (const Coordinate& coordinate : coordinates) {
-            user.type(box(0, coordinate.name), "50");
+            user.type(fieldOf(0, coordinate.name), "50");
             expected.append(QStringLiteral("camera.setRoi%1(50, 0, %2)")
                                 .arg(QLatin1String(coordinate.name), flags));
             QCOMPARE(user.calls(), QStringList(expected.last()));
             // Back to the end of its range, so that no rule is broken by the next one.
-            user.find<QSpinBox>(box(0, coordinate.name))
+            user.find<QSpinBox>(fieldOf(0, coordinate.name))
                 .setValue(QByteArray(coordinate.name).endsWith('1') ? 5 : 475);
             user.rest();
         }
@@ -430,13 +432,13 @@ private Q_SLOTS:
         QFETCH(int, region);
         QFETCH(const Coordinate*, coordinate);
         kit::Operator user;
-        user.find<QSpinBox>(box(region, coordinate->loser)).setValue(300);
-        user.find<QSpinBox>(box(region, coordinate->opposite)).setValue(200);
+        user.find<QSpinBox>(fieldOf(region, coordinate->loser)).setValue(300);
+        user.find<QSpinBox>(fieldOf(region, coordinate->opposite)).setValue(200);
         user.forget();
         user.expectBox(broken(*coordinate, region));
         QVERIFY(QMetaObject::invokeMethod(&user.window(), slot(*coordinate), Q_ARG(int, region)));
-        QCOMPARE(user.text(box(region, coordinate->loser)), QStringLiteral("200"));
-        QCOMPARE(user.text(box(region, coordinate->opposite)), QStringLiteral("200"));
+        QCOMPARE(user.text(fieldOf(region, coordinate->loser)), QStringLiteral("200"));
+        QCOMPARE(user.text(fieldOf(region, coordinate->opposite)), QStringLiteral("200"));
         QCOMPARE(user.calls(recording::Show::Everything), QStringList());
         QCOMPARE(user.newLog(), QStringList());
     }
@@ -447,7 +449,7 @@ private:
     {
         kit::Operator user;
         connectCamera(user);
-        const QByteArray edited = box(region, coordinate.name);
+        const QByteArray edited = fieldOf(region, coordinate.name);
         user.type(edited, QByteArray::number(value), Qt::Key_unknown);
         QCOMPARE(user.calls(), QStringList());
         user.press(edited, Qt::Key_Tab);
@@ -463,7 +465,7 @@ private:
         for (int region = 0; region < 4; ++region) {
             open.append(static_cast<int>(
                 std::ranges::count_if(coordinates, [&](const Coordinate& coordinate) {
-                    return user.enabled(box(region, coordinate.name));
+                    return user.enabled(fieldOf(region, coordinate.name));
                 })));
         }
         return open;

@@ -75,16 +75,16 @@ private Q_SLOTS:
 
     void aFinishedEditSendsOnce_data()
     {
-        QTest::addColumn<QByteArray>("box");
+        QTest::addColumn<QByteArray>("spinBox");
         QTest::addColumn<QByteArray>("typed");
         QTest::addColumn<QByteArray>("sent");
         QTest::addColumn<QByteArray>("logged");
         QTest::addColumn<int>("key");
-        const auto add = [](const char* box, const char* typed, const char* sent,
+        const auto add = [](const char* spinBox, const char* typed, const char* sent,
                             const char* logged) {
             const auto row = [&](const char* name, Qt::Key key) {
-                QTest::addRow("%s in %s, %s", typed, box, name)
-                    << QByteArray(box) << QByteArray(typed) << QByteArray(sent)
+                QTest::addRow("%s in %s, %s", typed, spinBox, name)
+                    << QByteArray(spinBox) << QByteArray(typed) << QByteArray(sent)
                     << QByteArray(logged) << int(key);
             };
             row("Tab", Qt::Key_Tab);
@@ -116,16 +116,16 @@ private Q_SLOTS:
 
     void aFinishedEditSendsOnce()
     {
-        QFETCH(QByteArray, box);
+        QFETCH(QByteArray, spinBox);
         QFETCH(QByteArray, typed);
         QFETCH(QByteArray, sent);
         QFETCH(QByteArray, logged);
         QFETCH(int, key);
         kit::Operator user;
         connectCamera(user);
-        user.type(box, typed, Qt::Key_unknown);
+        user.type(spinBox, typed, Qt::Key_unknown);
         QCOMPARE(user.calls(), QStringList());
-        user.press(box, static_cast<Qt::Key>(key));
+        user.press(spinBox, static_cast<Qt::Key>(key));
         QCOMPARE(user.calls(), line(sent));
         QCOMPARE(user.newLog(), line(logged));
     }
@@ -202,16 +202,16 @@ private Q_SLOTS:
 
     void halfANumberLeftBehindBecomesAWholeOneEverywhere_data()
     {
-        QTest::addColumn<QByteArray>("box");
+        QTest::addColumn<QByteArray>("spinBox");
         QTest::addColumn<QByteArray>("slider");
         QTest::addColumn<QByteArray>("typed");
         QTest::addColumn<QString>("shown");
         QTest::addColumn<int>("position");
         QTest::addColumn<QByteArray>("sent");
-        const auto add = [](const char* box, const char* slider, const char* typed,
+        const auto add = [](const char* spinBox, const char* slider, const char* typed,
                             const char* shown, int position, const char* sent) {
-            QTest::addRow("\"%s\" in %s", typed, box)
-                << QByteArray(box) << QByteArray(slider) << QByteArray(typed)
+            QTest::addRow("\"%s\" in %s", typed, spinBox)
+                << QByteArray(spinBox) << QByteArray(slider) << QByteArray(typed)
                 << QString::fromLatin1(shown) << position << QByteArray(sent);
         };
         add("gammaEdit", "gammaSlider", "", "1.0", 5, "camera.setGamma(65536)");
@@ -236,7 +236,7 @@ private Q_SLOTS:
 
     void halfANumberLeftBehindBecomesAWholeOneEverywhere()
     {
-        QFETCH(QByteArray, box);
+        QFETCH(QByteArray, spinBox);
         QFETCH(QByteArray, slider);
         QFETCH(QByteArray, typed);
         QFETCH(QString, shown);
@@ -244,12 +244,12 @@ private Q_SLOTS:
         QFETCH(QByteArray, sent);
         kit::Operator user;
         connectCamera(user);
-        user.type(box, typed, Qt::Key_unknown);
+        user.type(spinBox, typed, Qt::Key_unknown);
         if (typed.isEmpty()) {
-            user.press(box, Qt::Key_Delete);
+            user.press(spinBox, Qt::Key_Delete);
         }
-        user.press(box, Qt::Key_Tab);
-        QCOMPARE(user.text(box), shown);
+        user.press(spinBox, Qt::Key_Tab);
+        QCOMPARE(user.text(spinBox), shown);
         QCOMPARE(user.sliderValue(slider), position);
         QCOMPARE(user.calls(), line(sent));
     }

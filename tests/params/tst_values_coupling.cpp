@@ -17,11 +17,11 @@ void connectCamera(kit::Operator& user)
 }
 
 /// Replaces what a spin box holds in one go, so that it takes no value in between.
-void paste(kit::Operator& user, const char* box, const char* text)
+void paste(kit::Operator& user, const char* spinBox, const char* text)
 {
     QApplication::clipboard()->setText(QLatin1String(text));
-    user.press(box, Qt::Key_A, Qt::ControlModifier);
-    user.press(box, Qt::Key_V, Qt::ControlModifier);
+    user.press(spinBox, Qt::Key_A, Qt::ControlModifier);
+    user.press(spinBox, Qt::Key_V, Qt::ControlModifier);
 }
 
 QStringList call(const char* text)
@@ -38,12 +38,13 @@ private Q_SLOTS:
     void theSpinBoxFollowsTheSlider_data()
     {
         QTest::addColumn<QByteArray>("slider");
-        QTest::addColumn<QByteArray>("box");
+        QTest::addColumn<QByteArray>("spinBox");
         QTest::addColumn<int>("position");
         QTest::addColumn<QString>("shown");
-        const auto add = [](const char* slider, const char* box, int position, const char* shown) {
-            QTest::addRow("%s at %d", slider, position)
-                << QByteArray(slider) << QByteArray(box) << position << QString::fromLatin1(shown);
+        const auto add = [](const char* slider, const char* spinBox, int position,
+                            const char* shown) {
+            QTest::addRow("%s at %d", slider, position) << QByteArray(slider) << QByteArray(spinBox)
+                                                        << position << QString::fromLatin1(shown);
         };
         add("gammaSlider", "gammaEdit", 0, "0.5");
         add("gammaSlider", "gammaEdit", 1, "0.6");
@@ -82,14 +83,14 @@ private Q_SLOTS:
     void theSpinBoxFollowsTheSlider()
     {
         QFETCH(QByteArray, slider);
-        QFETCH(QByteArray, box);
+        QFETCH(QByteArray, spinBox);
         QFETCH(int, position);
         QFETCH(QString, shown);
         kit::Operator user;
         connectCamera(user);
         QVERIFY(user.sliderValue(slider) != position);
         user.find<QSlider>(slider).setValue(position);
-        QCOMPARE(user.text(box), shown);
+        QCOMPARE(user.text(spinBox), shown);
         QCOMPARE(user.sliderValue(slider), position);
         QCOMPARE(user.calls(), QStringList());
         QCOMPARE(user.newLog(), QStringList());
@@ -97,13 +98,14 @@ private Q_SLOTS:
 
     void theSliderFollowsWhatIsTyped_data()
     {
-        QTest::addColumn<QByteArray>("box");
+        QTest::addColumn<QByteArray>("spinBox");
         QTest::addColumn<QByteArray>("slider");
         QTest::addColumn<QByteArray>("typed");
         QTest::addColumn<int>("position");
-        const auto add = [](const char* box, const char* slider, const char* typed, int position) {
-            QTest::addRow("%s in %s", typed, box)
-                << QByteArray(box) << QByteArray(slider) << QByteArray(typed) << position;
+        const auto add = [](const char* spinBox, const char* slider, const char* typed,
+                            int position) {
+            QTest::addRow("%s in %s", typed, spinBox)
+                << QByteArray(spinBox) << QByteArray(slider) << QByteArray(typed) << position;
         };
         add("gammaEdit", "gammaSlider", "0.5", 0);
         add("gammaEdit", "gammaSlider", "1.3", 8);
@@ -126,16 +128,16 @@ private Q_SLOTS:
 
     void theSliderFollowsWhatIsTyped()
     {
-        QFETCH(QByteArray, box);
+        QFETCH(QByteArray, spinBox);
         QFETCH(QByteArray, slider);
         QFETCH(QByteArray, typed);
         QFETCH(int, position);
         kit::Operator user;
         connectCamera(user);
         QVERIFY(user.sliderValue(slider) != position);
-        user.type(box, typed, Qt::Key_unknown);
+        user.type(spinBox, typed, Qt::Key_unknown);
         QCOMPARE(user.sliderValue(slider), position);
-        QCOMPARE(user.find<QAbstractSpinBox>(box).text().toDouble(), typed.toDouble());
+        QCOMPARE(user.find<QAbstractSpinBox>(spinBox).text().toDouble(), typed.toDouble());
         QCOMPARE(user.calls(), QStringList());
     }
 
@@ -145,14 +147,14 @@ private Q_SLOTS:
         kit::Operator user;
         connectCamera(user);
         auto& slider = user.find<QSlider>("gammaSlider");
-        auto& box = user.find<QDoubleSpinBox>("gammaEdit");
+        auto& spinBox = user.find<QDoubleSpinBox>("gammaEdit");
         for (int position = 0; position <= 20; ++position) {
-            box.setValue((position + 5) / 10.0);
+            spinBox.setValue((position + 5) / 10.0);
             QCOMPARE(slider.value(), position);
         }
         for (int position = 20; position >= 0; --position) {
             slider.setValue(position);
-            QCOMPARE(box.value(), (position + 5) / 10.0);
+            QCOMPARE(spinBox.value(), (position + 5) / 10.0);
         }
     }
 
@@ -197,7 +199,7 @@ private Q_SLOTS:
         auto& limits = user.sdk.configurationObject();
         limits.gskMin = limits.gfidMin = limits.gmsMin = limits.tintMin = -100;
         connectCamera(user);
-        // The boxes themselves hold rounded values, so the slot is given the number directly.
+        // The spin boxes themselves hold rounded values, so the slot is given the number directly.
         auto& partner = user.find<QSlider>(slider);
         const QSignalBlocker noWayBack(partner);
         QVERIFY(QMetaObject::invokeMethod(&user.window(), slot, Q_ARG(double, value)));
@@ -217,7 +219,7 @@ private Q_SLOTS:
 
     void aValueBeyondTheSliderIsCutBackWhenTheSliderHadToMove_data()
     {
-        QTest::addColumn<QByteArray>("box");
+        QTest::addColumn<QByteArray>("spinBox");
         QTest::addColumn<QByteArray>("slider");
         QTest::addColumn<QByteArray>("value");
         QTest::addColumn<int>("end");
@@ -239,7 +241,7 @@ private Q_SLOTS:
 
     void aValueBeyondTheSliderIsCutBackWhenTheSliderHadToMove()
     {
-        QFETCH(QByteArray, box);
+        QFETCH(QByteArray, spinBox);
         QFETCH(QByteArray, slider);
         QFETCH(QByteArray, value);
         QFETCH(int, end);
@@ -248,16 +250,16 @@ private Q_SLOTS:
         kit::Operator user;
         connectCamera(user);
         QVERIFY(user.sliderValue(slider) < end);
-        paste(user, box, value);
+        paste(user, spinBox, value);
         QCOMPARE(user.sliderValue(slider), end);
-        QCOMPARE(user.text(box), shown);
-        user.press(box, Qt::Key_Tab);
+        QCOMPARE(user.text(spinBox), shown);
+        user.press(spinBox, Qt::Key_Tab);
         QCOMPARE(user.calls(), call(sent));
     }
 
     void aValueBeyondTheSliderStaysWhenTheSliderStoodAtItsEnd_data()
     {
-        QTest::addColumn<QByteArray>("box");
+        QTest::addColumn<QByteArray>("spinBox");
         QTest::addColumn<QByteArray>("slider");
         QTest::addColumn<QByteArray>("value");
         QTest::addColumn<int>("end");
@@ -289,7 +291,7 @@ private Q_SLOTS:
 
     void aValueBeyondTheSliderStaysWhenTheSliderStoodAtItsEnd()
     {
-        QFETCH(QByteArray, box);
+        QFETCH(QByteArray, spinBox);
         QFETCH(QByteArray, slider);
         QFETCH(QByteArray, value);
         QFETCH(int, end);
@@ -297,11 +299,11 @@ private Q_SLOTS:
         kit::Operator user;
         connectCamera(user);
         user.find<QSlider>(slider).setValue(end);
-        paste(user, box, value);
+        paste(user, spinBox, value);
         QCOMPARE(user.sliderValue(slider), end);
-        QCOMPARE(user.text(box), QString::fromLatin1(value));
-        user.press(box, Qt::Key_Tab);
-        QCOMPARE(user.text(box), QString::fromLatin1(value));
+        QCOMPARE(user.text(spinBox), QString::fromLatin1(value));
+        user.press(spinBox, Qt::Key_Tab);
+        QCOMPARE(user.text(spinBox), QString::fromLatin1(value));
         QCOMPARE(user.calls(), call(sent));
     }
 
