@@ -229,7 +229,7 @@ private Q_SLOTS:
         QCOMPARE(user.calls(), sentBack("camera.setFrameRate(9)"));
         QCOMPARE(newLines(user, "frame rate"),
                  kit::lines({"Set FRAME RATE value OK", "Frame rate = 9Hz"}));
-        // The correction resets the button that the same read had just marked.
+        // The correction resets the button that the same read had just checked.
         QVERIFY(user.newLog().contains(QStringLiteral("Test pattern value = Enabled")));
         QVERIFY(!user.checked("TestPatternButton"));
         QCOMPARE(user.text("TestPatternButton"), QStringLiteral("Test Pattern: Deactivated"));

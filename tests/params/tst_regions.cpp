@@ -313,14 +313,14 @@ private Q_SLOTS:
         kit::Operator user;
         user.connectCamera();
         user.showTab("LUT");
-        const auto mark = [&](const char* enable, bool wanted) {
+        const auto check = [&](const char* enable, bool wanted) {
             if (wanted) {
                 user.click(enable);
             }
         };
-        mark("roi1IncEnable", roi1Inclusive);
-        mark("roi0ExcEnable", roi0Exclusive);
-        mark("roi1ExcEnable", roi1Exclusive);
+        check("roi1IncEnable", roi1Inclusive);
+        check("roi0ExcEnable", roi0Exclusive);
+        check("roi1ExcEnable", roi1Exclusive);
         user.rest();
         QStringList expected;
         for (const Coordinate& coordinate : coordinates) {

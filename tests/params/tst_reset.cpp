@@ -68,9 +68,9 @@ constexpr Axis axes[] = {
 // clang-format on
 
 /// Every switch that a reset goes back to something with, both ways.
-void everyMark()
+void everySwitchWithADefault()
 {
-    QTest::addColumn<const Row*>("mark");
+    QTest::addColumn<const Row*>("feature");
     QTest::addColumn<bool>("on");
     for (const Row& row : switchrows::rows) {
         if (row.standard != nullptr) {
@@ -245,34 +245,34 @@ private Q_SLOTS:
         QVERIFY(!user.checked("verticalFlipButton"));
     }
 
-    void anAcceptedDefaultTurnsCheckStateAndCaption_data() { everyMark(); }
+    void anAcceptedDefaultTurnsCheckStateAndCaption_data() { everySwitchWithADefault(); }
     void anAcceptedDefaultTurnsCheckStateAndCaption()
     {
-        QFETCH(const Row*, mark);
+        QFETCH(const Row*, feature);
         QFETCH(bool, on);
         kit::Operator user;
-        user.sdk.camera.*mark->state = on ? 0 : 1;
+        user.sdk.camera.*feature->state = on ? 0 : 1;
         // Any byte but zero means on.
-        user.sdk.configuration.*mark->standard = on ? 128 : 0;
+        user.sdk.configuration.*feature->standard = on ? 128 : 0;
         connectCamera(user);
         user.click("resetParamButtonUser");
-        QCOMPARE(user.checked(mark->button), on);
-        QCOMPARE(user.text(mark->button), mark->shown(on));
+        QCOMPARE(user.checked(feature->button), on);
+        QCOMPARE(user.text(feature->button), feature->shown(on));
     }
 
-    void aRefusedDefaultLeavesCheckStateAndCaptionAtOdds_data() { everyMark(); }
+    void aRefusedDefaultLeavesCheckStateAndCaptionAtOdds_data() { everySwitchWithADefault(); }
     void aRefusedDefaultLeavesCheckStateAndCaptionAtOdds()
     {
-        QFETCH(const Row*, mark);
+        QFETCH(const Row*, feature);
         QFETCH(bool, on);
         kit::Operator user;
-        user.sdk.camera.*mark->state = on ? 0 : 1;
-        user.sdk.configuration.*mark->standard = on ? 1 : 0;
+        user.sdk.camera.*feature->state = on ? 0 : 1;
+        user.sdk.configuration.*feature->standard = on ? 1 : 0;
         connectCamera(user);
-        user.sdk.answer(mark->operation, 0);
+        user.sdk.answer(feature->operation, 0);
         user.click("resetParamButtonUser");
-        QCOMPARE(user.checked(mark->button), on);
-        QCOMPARE(user.text(mark->button), mark->shown(!on));
+        QCOMPARE(user.checked(feature->button), on);
+        QCOMPARE(user.text(feature->button), feature->shown(!on));
     }
 
     // ---- numbers

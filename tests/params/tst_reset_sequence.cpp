@@ -361,11 +361,11 @@ QStringList journalOf(const QStringList& sequence)
 /// What the log pane must show after the sequence.
 QStringList linesOf(const QStringList& sequence)
 {
-    const auto mark = QStringLiteral("log 2: ");
+    const auto prefix = QStringLiteral("log 2: ");
     QStringList lines;
     for (const QString& entry : sequence) {
-        if (entry.startsWith(mark)) {
-            lines.append(entry.mid(mark.size()));
+        if (entry.startsWith(prefix)) {
+            lines.append(entry.mid(prefix.size()));
         }
     }
     return lines;
