@@ -35,6 +35,22 @@ QStringList withPaths(const QStringList& lines)
     return result;
 }
 
+QStringList disconnection()
+{
+    return block(R"(
+        link.closeCamera(camera 1)
+        timer stopped
+        sdk.releaseSerialLink(link 1)
+        scanDeviceButton enabled true
+        selectDeviceComboBox enabled true
+        connectDeviceButton enabled true
+        disconnectDeviceButton enabled false
+        resetParamButtonUser enabled false
+        readParamButtonUser enabled false
+        tabWidget enabled false
+    )");
+}
+
 } // namespace
 
 class TestOrder : public QObject {
@@ -240,18 +256,7 @@ private Q_SLOTS:
         connectCamera(user);
         Sequence sequence(user);
         user.click("disconnectDeviceButton");
-        QCOMPARE(sequence.take(), block(R"(
-            link.closeCamera(camera 1)
-            timer stopped
-            sdk.releaseSerialLink(link 1)
-            scanDeviceButton enabled true
-            selectDeviceComboBox enabled true
-            connectDeviceButton enabled true
-            disconnectDeviceButton enabled false
-            resetParamButtonUser enabled false
-            readParamButtonUser enabled false
-            tabWidget enabled false
-        )"));
+        QCOMPARE(sequence.take(), disconnection());
     }
 
     void aPortThatIsGoneDisconnectsAndThenScans()
@@ -262,17 +267,7 @@ private Q_SLOTS:
         user.ports.unplug(QStringLiteral("ttyUSB0"));
         Sequence sequence(user);
         QVERIFY(QMetaObject::invokeMethod(&user.window(), "monitoringSystem"));
-        QCOMPARE(sequence.take(), block(R"(
-            link.closeCamera(camera 1)
-            timer stopped
-            sdk.releaseSerialLink(link 1)
-            scanDeviceButton enabled true
-            selectDeviceComboBox enabled true
-            connectDeviceButton enabled true
-            disconnectDeviceButton enabled false
-            resetParamButtonUser enabled false
-            readParamButtonUser enabled false
-            tabWidget enabled false
+        QCOMPARE(sequence.take(), disconnection() + block(R"(
             selectDeviceComboBox count 0
             selectDeviceComboBox currentIndex -1
             selectDeviceComboBox count 1
