@@ -113,7 +113,7 @@ Camera::Passage Camera::enter(Simulator& simulator, Operation operation,
         return {.note = "closed"};
     }
     planned =
-        simulator.judge({operation, device.get<std::uint32_t>(P::serialNumber), port, arguments});
+        simulator.decide({operation, device.get<std::uint32_t>(P::serialNumber), port, arguments});
     const bool reached = simulator.reach(&device, baudRate, operation, planned);
     const Passage passage{reached && planned.carryOut, Simulator::noteOf(reached, planned)};
     if (!reached) {

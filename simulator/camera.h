@@ -64,8 +64,8 @@ private:
     std::uint32_t baudRate;
     QString port;
     bool open = true;
-    Verdict planned; ///< what the plan wants of the current call, when that arrives
-    QString filled;  ///< text of the record that the current call has filled
+    CallOutcome planned; ///< what the plan wants of the current call, when that arrives
+    QString filled;      ///< text of the record that the current call has filled
     EdgeCorrection spareEdgeRecord{}; ///< answered when the program gave no area
 };
 

@@ -30,8 +30,8 @@ ConfigurationValues Configuration::values() const
 const char* Configuration::getCommunicationType()
 {
     const std::lock_guard entry(Simulator::instance().gate());
-    const Verdict verdict = Simulator::instance().judge({Operation::getCommunicationType});
-    answeredType = verdict.carryOut ? communicationType : verdict.word.toLocal8Bit();
+    const CallOutcome outcome = Simulator::instance().decide({Operation::getCommunicationType});
+    answeredType = outcome.carryOut ? communicationType : outcome.word.toLocal8Bit();
     return answeredType.constData();
 }
 

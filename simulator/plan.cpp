@@ -229,7 +229,7 @@ void Plan::sortRules()
             const auto stars = rule.pattern.count(QLatin1Char('*'));
             const std::size_t conditions =
                 rule.where.size() + (rule.camera ? 1 : 0) + (rule.port ? 1 : 0);
-            return std::tuple(rule.verdict.lost, stars == 0, rule.pattern.size() - stars,
+            return std::tuple(rule.outcome.lost, stars == 0, rule.pattern.size() - stars,
                               conditions);
         };
         return exactness(left) > exactness(right);
@@ -242,17 +242,17 @@ std::optional<Plan::Rule> Plan::readRule(IniFile& ini, const QString& section) c
     rule.section = section;
     rule.pattern = patternOf(section);
     rule.calls = {{1, forEver}};
-    rule.verdict.planned = true;
+    rule.outcome.planned = true;
     const auto number = [&](const char* key, Kind kind, double fallback) {
         return ini.number(section, {key, kind, fallback}, nothingDone).value_or(fallback);
     };
     if (rule.pattern == connectionSection) {
         rule.operations = matchingOperations(QStringLiteral("*"));
         rule.operations.set(static_cast<std::size_t>(Operation::openCamera));
-        rule.verdict.lost = number("lost", Kind::Switch, 0) != 0;
+        rule.outcome.lost = number("lost", Kind::Switch, 0) != 0;
         readScope(ini, section, rule);
         const bool sound = ini.finish(section, QStringLiteral("lost, camera, port"));
-        return sound && rule.verdict.lost ? std::optional(rule) : std::nullopt;
+        return sound && rule.outcome.lost ? std::optional(rule) : std::nullopt;
     }
     rule.operations = matchingOperations(rule.pattern);
     if (rule.operations.none()) {
@@ -276,9 +276,9 @@ std::optional<Plan::Rule> Plan::readRule(IniFile& ini, const QString& section) c
     }
     rule.probability = number("probability", Kind::Share, 1);
     rule.random = Random(as<std::uint64_t>(number("seed", Kind::Word, 1)));
-    rule.verdict.carryOut = number("carryOut", Kind::Switch, 0) != 0;
-    rule.verdict.hangUp = number("hangUp", Kind::Switch, 0) != 0;
-    rule.verdict.delay = as<qint64>(number("delay", Kind::Word, 0));
+    rule.outcome.carryOut = number("carryOut", Kind::Switch, 0) != 0;
+    rule.outcome.hangUp = number("hangUp", Kind::Switch, 0) != 0;
+    rule.outcome.delay = as<qint64>(number("delay", Kind::Word, 0));
     readScope(ini, section, rule);
     readWhere(ini, section, rule);
     readValue(ini, section, rule);
@@ -361,9 +361,9 @@ void Plan::readValue(IniFile& ini, const QString& section, Rule& rule)
             return;
         }
         if (kind) {
-            rule.verdict.value = static_cast<qint64>(*parseField(*kind, *text));
+            rule.outcome.value = static_cast<qint64>(*parseField(*kind, *text));
         } else {
-            rule.verdict.word = *text;
+            rule.outcome.word = *text;
         }
     }
 }
@@ -390,7 +390,7 @@ void Plan::readRecord(IniFile& ini, const QString& section, Rule& rule)
                                     QString::number(numbers.size()), nothingDone));
             return;
         }
-        rule.verdict.record.clear();
+        rule.outcome.record.clear();
         for (std::size_t field = 0; field < kinds.size(); ++field) {
             const QString& written = numbers.at(static_cast<int>(field));
             const std::optional<double> value = parseField(kinds[field], written);
@@ -399,7 +399,7 @@ void Plan::readRecord(IniFile& ini, const QString& section, Rule& rule)
                                QStringLiteral("%1 is not %2; %3")
                                    .arg(quoted(written), describeKind(kinds[field]), nothingDone));
             }
-            rule.verdict.record.push_back(value.value_or(0));
+            rule.outcome.record.push_back(value.value_or(0));
         }
     }
 }
@@ -417,7 +417,7 @@ void Plan::readTable(IniFile& ini, const QString& section, Rule& rule) const
     } else if (const std::optional<QByteArray> content =
                    readFile(QFileInfo(QFileInfo(file).dir(), *path).absoluteFilePath(), tableLength,
                             &reason)) {
-        rule.verdict.table = *content;
+        rule.outcome.table = *content;
         return;
     }
     ini.addProblem(
@@ -437,7 +437,7 @@ bool Plan::isFor(const Rule& rule, const Call& call)
     });
 }
 
-Verdict Plan::judge(const Call& call)
+CallOutcome Plan::decide(const Call& call)
 {
     const auto rule = std::find_if(rules.begin(), rules.end(), [&call](const Rule& candidate) {
         return isFor(candidate, call);
@@ -448,7 +448,7 @@ Verdict Plan::judge(const Call& call)
     ++rule->count;
     // Every call draws, so that the same seed hits the same calls whatever the ranges.
     const bool drawn = rule->random.fraction() < rule->probability;
-    return contains(rule->calls, rule->count) && drawn ? rule->verdict : Verdict{};
+    return contains(rule->calls, rule->count) && drawn ? rule->outcome : CallOutcome{};
 }
 
 } // namespace simulator

@@ -34,7 +34,7 @@ struct Call {
 };
 
 /// What the plan wants of one call.
-struct Verdict {
+struct CallOutcome {
     bool planned = false;        ///< a rule of the plan applies to this call
     bool carryOut = true;        ///< do what was asked for
     bool hangUp = false;         ///< from this call on, no answer at all
@@ -72,7 +72,7 @@ public:
     [[nodiscard]] qint64 powerCycles() const { return cycles; }
 
     /// Counts the call and answers what is to become of it.
-    Verdict judge(const Call& call);
+    CallOutcome decide(const Call& call);
 
 private:
     using Ranges = std::vector<std::pair<qint64, qint64>>; ///< first and last of each
@@ -93,7 +93,7 @@ private:
         Ranges calls;                           ///< counted from 1
         double probability = 1;
         Random random{1};
-        Verdict verdict;
+        CallOutcome outcome;
         qint64 count = 0;
     };
 

@@ -32,7 +32,7 @@ ombrix_sdk::ISdkConfiguration* SdkRoot::getConfiguration()
 void SdkRoot::saveConfiguration()
 {
     const std::lock_guard entry(Simulator::instance().gate());
-    if (Simulator::instance().judge({Operation::saveConfiguration}).carryOut) {
+    if (Simulator::instance().decide({Operation::saveConfiguration}).carryOut) {
         Simulator::instance().saveConfiguration();
     }
     journalCall(nameOf(Operation::saveConfiguration));

@@ -12,7 +12,7 @@ namespace {
 const QString linkSubject = QStringLiteral("link");
 
 /// Why no camera was opened, for the log: the program learns only that there is none.
-QString reasonOfSilence(const Device* device, std::uint32_t baudRate, const Verdict& verdict)
+QString reasonOfSilence(const Device* device, std::uint32_t baudRate, const CallOutcome& outcome)
 {
     if (device == nullptr) {
         return QStringLiteral("no camera is plugged in there");
@@ -20,7 +20,7 @@ QString reasonOfSilence(const Device* device, std::uint32_t baudRate, const Verd
     if (device->isPulledOut()) {
         return QStringLiteral("the camera is pulled out");
     }
-    if (verdict.lost) {
+    if (outcome.lost) {
         return QStringLiteral("the connection is lost, by the plan");
     }
     if (device->isHanging()) {
@@ -52,20 +52,20 @@ ombrix_sdk::ICamera* SerialLink::openCamera(const char* portName)
     if (device != nullptr) {
         call.camera = device->get<std::uint32_t>(Parameter::serialNumber);
     }
-    const Verdict verdict = simulator.judge(call);
-    const bool reached = simulator.reach(device, baudRate, Operation::openCamera, verdict);
-    const bool answers = reached && verdict.carryOut;
+    const CallOutcome outcome = simulator.decide(call);
+    const bool reached = simulator.reach(device, baudRate, Operation::openCamera, outcome);
+    const bool answers = reached && outcome.carryOut;
     if (answers) {
         cameras.push_back(std::make_unique<Camera>(*device, baudRate, port));
     } else {
         simulator.log().notice(QStringLiteral("openCamera %1: %2")
-                                   .arg(port, reasonOfSilence(device, baudRate, verdict)));
+                                   .arg(port, reasonOfSilence(device, baudRate, outcome)));
     }
     simulator.journal().write({.subject = linkSubject,
                                .operation = nameOf(Operation::openCamera),
                                .arguments = {journalText(portName)},
                                .answer = answers ? cameras.back()->name() : QStringLiteral("null"),
-                               .note = QLatin1String(Simulator::noteOf(reached, verdict))});
+                               .note = QLatin1String(Simulator::noteOf(reached, outcome))});
     return answers ? cameras.back().get() : nullptr;
 }
 

@@ -197,41 +197,41 @@ bool Simulator::liftFault(const QString& section)
     return true;
 }
 
-Verdict Simulator::judge(const Call& call)
+CallOutcome Simulator::decide(const Call& call)
 {
     ++callCounts[static_cast<std::size_t>(call.operation)];
     if (plan.isOn()) {
         followPlan();
     }
-    Verdict verdict = verdictOf(call);
-    timePiece.wait(verdict.delay * microsecondsPerMillisecond, entrance);
-    return verdict;
+    CallOutcome outcome = outcomeOf(call);
+    timePiece.wait(outcome.delay * microsecondsPerMillisecond, entrance);
+    return outcome;
 }
 
-Verdict Simulator::verdictOf(const Call& call)
+CallOutcome Simulator::outcomeOf(const Call& call)
 {
     if (!faults.isEmpty()) {
-        Verdict verdict = faults.judge(call);
-        if (verdict.planned) {
-            return verdict;
+        CallOutcome outcome = faults.decide(call);
+        if (outcome.planned) {
+            return outcome;
         }
     }
-    return plan.isEmpty() ? Verdict{} : plan.judge(call);
+    return plan.isEmpty() ? CallOutcome{} : plan.decide(call);
 }
 
 bool Simulator::reach(Device* device, std::uint32_t linkBaudRate, Operation operation,
-                      const Verdict& verdict)
+                      const CallOutcome& outcome)
 {
     if (device != nullptr) {
         device->passTime();
-        if (verdict.hangUp) {
+        if (outcome.hangUp) {
             device->setHanging(true);
         }
     }
     if (!factsOf(operation).transfer) {
         return true;
     }
-    if (device == nullptr || device->isPulledOut() || verdict.lost || device->isHanging() ||
+    if (device == nullptr || device->isPulledOut() || outcome.lost || device->isHanging() ||
         device->baudRate() != linkBaudRate) {
         timePiece.wait(settings.behaviour.timeout * microsecondsPerMillisecond, entrance);
         return false;
@@ -242,12 +242,12 @@ bool Simulator::reach(Device* device, std::uint32_t linkBaudRate, Operation oper
     return true;
 }
 
-const char* Simulator::noteOf(bool reached, const Verdict& verdict)
+const char* Simulator::noteOf(bool reached, const CallOutcome& outcome)
 {
     if (!reached) {
         return "no answer";
     }
-    return verdict.planned ? "plan" : "";
+    return outcome.planned ? "plan" : "";
 }
 
 } // namespace simulator

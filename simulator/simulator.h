@@ -68,14 +68,14 @@ public:
     }
 
     /// What plan and faults want of this call; its delay has passed.
-    Verdict judge(const Call& call);
+    CallOutcome decide(const Call& call);
     /// Whether the call arrives at the camera, null when there is none, and its answer comes back.
     /// Takes the time that this takes. What needs no camera always arrives.
     bool reach(Device* device, std::uint32_t linkBaudRate, Operation operation,
-               const Verdict& verdict);
+               const CallOutcome& outcome);
 
     /// The journal's note on a call.
-    static const char* noteOf(bool reached, const Verdict& verdict);
+    static const char* noteOf(bool reached, const CallOutcome& outcome);
 
 private:
     Simulator();
@@ -83,7 +83,7 @@ private:
     /// Takes commands from other processes where that is asked for.
     void listen();
     void followPlan();
-    Verdict verdictOf(const Call& call);
+    CallOutcome outcomeOf(const Call& call);
     /// What the old rules broke must not outlive them.
     void endHanging();
 

@@ -48,13 +48,13 @@ Course courseOf(const QByteArray& content, QStringList& problems)
     Course course;
     const QString port = QStringLiteral("ttyUSB0");
     for (std::size_t call = 0; call < 3 * operationCount; ++call) {
-        const Verdict verdict =
-            plan.judge({static_cast<Operation>(call % operationCount), 20417, port});
-        if (verdict.planned) {
-            course.emplace_back(call, verdict.carryOut, verdict.hangUp, verdict.lost, verdict.delay,
-                                verdict.value, verdict.word, verdict.record);
+        const CallOutcome outcome =
+            plan.decide({static_cast<Operation>(call % operationCount), 20417, port});
+        if (outcome.planned) {
+            course.emplace_back(call, outcome.carryOut, outcome.hangUp, outcome.lost, outcome.delay,
+                                outcome.value, outcome.word, outcome.record);
         } else {
-            require(verdict.carryOut && !verdict.hangUp && !verdict.lost && !verdict.value,
+            require(outcome.carryOut && !outcome.hangUp && !outcome.lost && !outcome.value,
                     "what no rule hits is carried out");
         }
     }
