@@ -86,23 +86,19 @@ constexpr std::optional<Kind> answerOf(Result (ICamera::*)(Arguments...))
 
 using Kinds = std::vector<Kind> (*)();
 
-/// The kinds of the record's fields when the argument is one that is filled; null otherwise.
-template<typename Argument> constexpr Kinds recordKinds()
-{
-    using Record = std::remove_pointer_t<Argument>;
-    if constexpr (std::is_pointer_v<Argument> && HasFields<Record> && !std::is_const_v<Record>) {
-        return &kindsOf<Record>;
-    } else {
-        return nullptr;
-    }
-}
-
 /// The fields of the record that an operation fills.
 template<typename Result, typename... Arguments>
 constexpr Kinds recordOf(Result (ICamera::*)(Arguments...))
 {
     Kinds kinds = nullptr;
-    ((kinds = recordKinds<Arguments>() != nullptr ? recordKinds<Arguments>() : kinds), ...);
+    [[maybe_unused]] const auto look = [&kinds]<typename Argument>(std::type_identity<Argument>) {
+        using Record = std::remove_pointer_t<Argument>;
+        if constexpr (std::is_pointer_v<Argument> && HasFields<Record> &&
+                      !std::is_const_v<Record>) {
+            kinds = &kindsOf<Record>;
+        }
+    };
+    (look(std::type_identity<Arguments>()), ...);
     return kinds;
 }
 
