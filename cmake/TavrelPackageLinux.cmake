@@ -88,8 +88,9 @@ set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
 Headers, CMake package and pkg-config file of the SDK of the Ombrix KV cameras,
 for programs that are written and tested with the simulated camera of the
 package tavrel; with its manual, examples of settings and plans of faults, an
-example program, and a command to work a running simulated camera. Any other library with the same binary interface, such as
-the camera vendor's, takes the simulated one's place without a new build.")
+example program, and a command to work a running simulated camera. Any other
+library with the same binary interface, such as the camera vendor's, takes the
+simulated one's place without a new build.")
 unset(CPACK_PACKAGE_DESCRIPTION_SUMMARY)
 # For packaging/linux/stage.cmake, which runs when packages are made.
 set(CPACK_TAVREL_RELEASE_DATE ${TAVREL_RELEASE_DATE})
