@@ -26,7 +26,7 @@ bool isFailing(HANDLE file)
            QString::fromWCharArray(path.data()).endsWith(failingName);
 }
 
-BOOL WINAPI read(HANDLE file, LPVOID buffer, DWORD size, LPDWORD done, LPOVERLAPPED overlapped)
+BOOL WINAPI readFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD done, LPOVERLAPPED overlapped)
 {
     if (!isFailing(file) || (failingHow == tablefiles::FailingRead::Late && seen++ == 0)) {
         return systemRead(file, buffer, size, done, overlapped);
@@ -48,7 +48,7 @@ namespace tablefiles {
 FailingRead::FailingRead(const char* fileName, Failure failure)
 {
     if (systemRead == nullptr) {
-        systemRead = lead(Importer::QtCore, "ReadFile", read);
+        systemRead = lead(Importer::QtCore, "ReadFile", readFile);
     }
     failures = 0;
     seen = 0;

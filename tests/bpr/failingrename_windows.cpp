@@ -11,7 +11,7 @@ int failures = 0;
 using Rename = BOOL WINAPI(LPCWSTR, LPCWSTR, DWORD);
 Rename* systemRename = nullptr;
 
-BOOL WINAPI rename(LPCWSTR from, LPCWSTR to, DWORD flags)
+BOOL WINAPI moveFile(LPCWSTR from, LPCWSTR to, DWORD flags)
 {
     if (!failing) {
         return systemRename(from, to, flags);
@@ -28,7 +28,7 @@ namespace tablefiles {
 FailingRename::FailingRename()
 {
     if (systemRename == nullptr) {
-        systemRename = lead(Importer::Program, "MoveFileExW", rename);
+        systemRename = lead(Importer::Program, "MoveFileExW", moveFile);
     }
     failures = 0;
     failing = true;
