@@ -94,6 +94,11 @@ stop_program() {
     [ -z "$pid" ] || kill "$pid" 2>/dev/null || true
 }
 
+# control WORD...: what tavrelctl says to these words, in the session's folder.
+control() {
+    (cd "$folder" && wine "$program/tavrelctl.exe" "$@" 2>>"$results/output.txt") | tr -d '\r'
+}
+
 # ---- mouse and keyboard
 
 # point_at NAME: moves the mouse to the middle of the widget, wherever the window stands.

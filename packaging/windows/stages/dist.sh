@@ -50,6 +50,8 @@ cp "$src/opencv/debian/copyright" "$folder/licences/opencv-parts.txt"
 cp /usr/share/doc/g++-mingw-w64-x86-64-posix/copyright "$folder/licences/gcc-runtime.txt"
 cp /usr/share/doc/mingw-w64-common/copyright "$folder/licences/winpthreads.txt"
 cp /usr/share/doc/libz-mingw-w64-dev/copyright "$folder/licences/zlib.txt"
+cp /usr/share/doc/libcli11-dev/copyright "$folder/licences/cli11.txt"
+cp /usr/share/doc/libtomlplusplus-dev/copyright "$folder/licences/tomlplusplus.txt"
 for licence in GPL-2 GPL-3 LGPL-2.1 LGPL-3 Apache-2.0; do
     cp "/usr/share/common-licenses/$licence" "$folder/licences/$licence.txt"
 done
