@@ -39,6 +39,7 @@ private Q_SLOTS:
         QFETCH(QString, answer);
         app::StartedProgram program;
         program.recordTo(QStringLiteral("-"));
+        const QStringList before = filesIn(program.directory);
         QVERIFY(program.run({option}));
         QCOMPARE(program.errors(), QString());
         QCOMPARE(program.status(), 0);
@@ -48,7 +49,7 @@ private Q_SLOTS:
         // The recording SDK would have written each call between the lines.
         QVERIFY(output.filter(QStringLiteral("sdk.")).isEmpty());
         QVERIFY(output.filter(QStringLiteral("OmbrixSdk.")).isEmpty());
-        QCOMPARE(filesIn(program.directory), QStringList());
+        QCOMPARE(filesIn(program.directory), before);
     }
 
     void theHelpNamesTheToolkitsOptions()
@@ -82,13 +83,14 @@ private Q_SLOTS:
         QFETCH(QString, named);
         app::StartedProgram program;
         program.recordTo(QStringLiteral("-"));
+        const QStringList before = filesIn(program.directory);
         QVERIFY(program.run(arguments));
         QCOMPARE(program.status(), 2);
         QCOMPARE(program.output(), QStringList());
         const QString errors = program.errors();
         QVERIFY2(errors.startsWith(QStringLiteral("tavrel: ")), qPrintable(errors));
         QVERIFY2(errors.contains(named), qPrintable(errors));
-        QCOMPARE(filesIn(program.directory), QStringList());
+        QCOMPARE(filesIn(program.directory), before);
     }
 
     void theToolkitsOptionsGoOnWorking_data()

@@ -269,8 +269,9 @@ private Q_SLOTS:
             expected << lineOf(function, call);
         }
         QStringList places;
-        auto matches = QRegularExpression(QStringLiteral(R"(Loc: \[.*\b(tst_kit\.cpp\(\d+\)))"))
-                           .globalMatch(outputOfTheFailingSessions());
+        auto matches =
+            QRegularExpression(QStringLiteral(R"(\b(tst_kit\.cpp\(\d+\))(?:\]| : failure))"))
+                .globalMatch(outputOfTheFailingSessions());
         while (matches.hasNext()) {
             places.append(matches.next().captured(1));
         }

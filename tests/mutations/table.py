@@ -693,7 +693,7 @@ MUTATIONS = [
          "tst_expert withoutACameraGmsIsTakenFromItsBox"),
         ("An expert value out of its limits is logged as read", "expert.cpp",
          "\" value = \" + std::to_string(read)",
-         "\" value = \" + std::to_string((ui->*value->pair.slider)->value())",
+         "\" value = \" + std::to_string((ui->*value->mirrored.slider)->value())",
          "tst_expert aValueOfTheCameraOutsideTheLimitsIsLoggedAsReadAndShownAtTheNearerOne"),
         ("The GMS box keeps its wide range", "detectorvalues.h",
          "&Configuration::gmsMax, false}", "&Configuration::gmsMax, true}",

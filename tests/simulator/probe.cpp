@@ -41,8 +41,10 @@ int main(int argc, char* argv[])
         return 0;
     }
     if (argc > 1) {
-        std::filesystem::copy_file(argv[1], std::getenv("TAVREL_SIMULATOR_PLAN"),
-                                   std::filesystem::copy_options::overwrite_existing);
+        // Removed first: MinGW's library does not overwrite.
+        const std::filesystem::path plan = std::getenv("TAVREL_SIMULATOR_PLAN");
+        std::filesystem::remove(plan);
+        std::filesystem::copy_file(argv[1], plan);
     }
     camera->setGamma(camera->getGamma() + 1);
     ombrix_sdk::Zoom zoom{2.5F, 1, 2, 1};

@@ -315,7 +315,9 @@ private Q_SLOTS:
         Scene scene("[camera-z]\nserialNumber=1\n" + ports + "\n[camera-a]\nserialNumber=2\n" +
                     ports + "\n");
         scene.sdk().initialize();
-        QVERIFY(scene.read(QStringLiteral("sdk.log")).contains("serial number 2 on port \n"));
+        QVERIFY(!scene::linesOf(scene.read(QStringLiteral("sdk.log")))
+                     .filter(QRegularExpression(QStringLiteral("serial number 2 on port $")))
+                     .isEmpty());
         QCOMPARE(scene.camera("ttyUSB0").getSerialNumber(), 1U);
         const QString port = ports.endsWith('*') ? QStringLiteral("*") : QStringLiteral("ttyUSB0");
         QCOMPARE(
