@@ -996,7 +996,7 @@ MUTATIONS = [
     *_room(
         "simulator",
         ("A closed camera refuses everything", "camera.cpp",
-         "    if (!open) {\n", "    if (!open && operation == O::Connect) {\n",
+         "    if (!open) {\n", "    if (!open && operation == O::connect) {\n",
          "tst_simulator_camera aClosedCameraRefusesEverythingAndReportsIt"),
         ("A null pointer is reported and survived", "camera.cpp",
          "        if (!isGiven(operation, record)) {\n            return refused;\n        }\n", "",
