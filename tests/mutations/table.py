@@ -1112,7 +1112,7 @@ MUTATIONS = [
          "exactness(left) > exactness(right)", "exactness(left) < exactness(right)",
          "tst_simulator_plan theMoreExactRuleDecides"),
         ("The same seed hits the same calls, whatever their range", "plan.cpp",
-         "const bool drawn = rule->random", "const bool drawn = inRange && rule->random",
+         "const bool drawn = rule->random", "const bool drawn = contains(rule->calls, rule->count) && rule->random",
          "tst_simulator_plan theSameSeedHitsTheSameCallsWhateverTheirRange"),
         ("A plan's rule hits its calls", "plan.cpp",
          "value >= range.first && value <= range.second",
