@@ -64,28 +64,37 @@ QMap<QByteArray, Range> ranges()
     return all;
 }
 
+/// The getter that belongs to a setter by its name: what the list of operations says of the two is
+/// what is tried.
+QByteArray getterOf(QByteArray setter)
+{
+    for (const char* const beginning : {"set", "configure"}) {
+        if (setter.startsWith(beginning)) {
+            return "get" + setter.mid(static_cast<int>(qstrlen(beginning)));
+        }
+    }
+    return setter;
+}
+
 /// All numbers that have an operation of their own, and all that is on or off.
 QVector<Value> values()
 {
     QMap<QByteArray, std::function<quint32(ICamera&)>> getters;
 #define GET(Type, name, value)                                                                     \
-    getters[#value] = [](ICamera& camera) {                                                        \
+    getters[#name] = [](ICamera& camera) {                                                         \
         return quint32{camera.name()};                                                             \
     };
 #include "sdk/operations.def"
     const QMap<QByteArray, Range> known = ranges();
     QVector<Value> all;
-    const auto add = [&](const char* name, const char* operation, auto set) {
-        if (known.contains(operation)) {
-            all.append(number(name, getters.value(name), set, known[operation].accepted,
-                              known[operation].refused));
+    const auto add = [&](const char* name, const char* setter, auto set, const Range& range) {
+        const QByteArray getter = getterOf(setter);
+        if (!range.accepted.isEmpty() && getters.contains(getter)) {
+            all.append(number(name, getters[getter], set, range.accepted, range.refused));
         }
     };
-#define SET(Type, name, value) add(#value, "camera." #name, &ICamera::name);
-#define SET_FLAG(name, value)                                                                      \
-    if (getters.contains(#value)) {                                                                \
-        all.append(number(#value, getters[#value], &ICamera::name, {1, 0, 1}, {}));                \
-    }
+#define SET(Type, name, value) add(#value, #name, &ICamera::name, known["camera." #name]);
+#define SET_FLAG(name, value) add(#value, #name, &ICamera::name, {{1, 0, 1}, {}});
 #include "sdk/operations.def"
     return all;
 }
