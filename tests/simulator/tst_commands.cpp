@@ -312,6 +312,55 @@ private Q_SLOTS:
         QCOMPARE(tell(QString(400, QLatin1Char('y')), "list").exitCode, 3);
     }
 
+    void helpAndManualTellOfEveryCommand()
+    {
+        for (const char* const option : {"--help", "--manual"}) {
+            QProcess process;
+            process.start(QStringLiteral(TAVREL_COMMAND), {QLatin1String(option)});
+            QVERIFY(process.waitForFinished(longest));
+            QCOMPARE(process.exitCode(), 0);
+            const QString told = QString::fromUtf8(process.readAllStandardOutput());
+#define COMMAND(name, words, least, most, changes, what)                                           \
+    QVERIFY2(told.contains(QLatin1String(what)), #name);
+#include "simulator/commands.def"
+        }
+    }
+
+    void aProgramThatEndsWithoutAnAnswerIsNoSimulator_data()
+    {
+        QTest::addColumn<QByteArray>("answer");
+        QTest::newRow("nothing") << QByteArray();
+        QTest::newRow("another language") << QByteArray("HTTP/1.1 400 Bad Request\n");
+        QTest::newRow("no such status") << QByteArray("3\n");
+        QTest::newRow("no end of line") << QByteArray("0");
+    }
+
+    void aProgramThatEndsWithoutAnAnswerIsNoSimulator()
+    {
+        QFETCH(QByteArray, answer);
+        const Scene scene;
+        const QString path = scene.path(QStringLiteral("other"));
+        const simulator::SocketAddress address(path.toStdString());
+        const int listener = socket(AF_UNIX, SOCK_STREAM, 0);
+        QCOMPARE(bind(listener, address.get(), simulator::SocketAddress::size()), 0);
+        QCOMPARE(listen(listener, 1), 0);
+        std::thread other([listener, answer] {
+            const int peer = accept(listener, nullptr, nullptr);
+            std::array<char, 4096> command{};
+            while (recv(peer, command.data(), command.size(), 0) > 0) {
+            }
+            ::send(peer, answer.constData(), static_cast<size_t>(answer.size()), MSG_NOSIGNAL);
+            close(peer);
+        });
+        const Output output = tell(path, "list");
+        other.join();
+        close(listener);
+        QCOMPARE(output.exitCode, 3);
+        QVERIFY2(output.standardError.contains(QStringLiteral("ended without an answer")),
+                 qPrintable(output.standardError));
+        QCOMPARE(output.standardOutput, QString());
+    }
+
     void randomBytesAreNoCommand()
     {
         Listening simulator;
