@@ -47,7 +47,7 @@ def unreached(entry):
 
 def main():
     files = json.loads(content(sys.argv[1]))["files"]
-    explained = set(re.findall(r"^\| `(\w+/[\w.]+)` \| `(.+?)` \|", content(sys.argv[2]), re.M))
+    explained = set(re.findall(r"^\| `(\w+/[\w./]+)` \| `(.+?)` \|", content(sys.argv[2]), re.M))
 
     numbers = collections.defaultdict(collections.Counter)
     for entry in files:
