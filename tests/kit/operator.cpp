@@ -226,12 +226,12 @@ void Operator::showTab(const char* title, const Place& place)
 void Operator::type(const char* name, const char* text, Qt::Key finish, const Place& place)
 {
     const CalledFrom here(place);
-    auto& box = find<QAbstractSpinBox>(name);
-    if (!reach(box)) {
+    auto& spinBox = find<QAbstractSpinBox>(name);
+    if (!reach(spinBox)) {
         return;
     }
-    if (!box.hasFocus()) {
-        clickAt(box, widgets::place(box));
+    if (!spinBox.hasFocus()) {
+        clickAt(spinBox, widgets::place(spinBox));
     }
     QWindow* const target = window().windowHandle();
     QTest::keyClick(target, Qt::Key_A, Qt::ControlModifier);

@@ -80,8 +80,8 @@ std::optional<QString> text(const QWidget& widget)
     if (const auto* const label = qobject_cast<const QLabel*>(&widget)) {
         return label->text();
     }
-    if (const auto* const box = qobject_cast<const QAbstractSpinBox*>(&widget)) {
-        return box->text();
+    if (const auto* const spinBox = qobject_cast<const QAbstractSpinBox*>(&widget)) {
+        return spinBox->text();
     }
     if (const auto* const combo = qobject_cast<const QComboBox*>(&widget)) {
         return combo->currentText();

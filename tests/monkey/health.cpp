@@ -151,11 +151,11 @@ QString Health::rangeFinding() const
     for (const auto* const slider : window.findChildren<QSlider*>()) {
         found += outside(*slider);
     }
-    for (const auto* const box : window.findChildren<QSpinBox*>()) {
-        found += outside(*box);
+    for (const auto* const spinBox : window.findChildren<QSpinBox*>()) {
+        found += outside(*spinBox);
     }
-    for (const auto* const box : window.findChildren<QDoubleSpinBox*>()) {
-        found += outside(*box);
+    for (const auto* const spinBox : window.findChildren<QDoubleSpinBox*>()) {
+        found += outside(*spinBox);
     }
     return found;
 }

@@ -178,17 +178,17 @@ void Monkey::turnTheWheel()
 
 void Monkey::typeANumber()
 {
-    auto* const box = reachable<QAbstractSpinBox>();
-    if (box == nullptr) {
+    auto* const spinBox = reachable<QAbstractSpinBox>();
+    if (spinBox == nullptr) {
         return;
     }
     static constexpr char characters[] = "00112345678999..,--+eE ax";
     static constexpr std::array finishes = {Qt::Key_Tab, Qt::Key_Return, Qt::Key_Enter,
                                             Qt::Key_Escape};
-    latest += QLatin1String(": ") + box->objectName();
-    click(anyPointOf(*box));
-    // Typing goes to the box or not at all: a blank elsewhere would press a button.
-    if (!box->hasFocus()) {
+    latest += QLatin1String(": ") + spinBox->objectName();
+    click(anyPointOf(*spinBox));
+    // Typing goes to the spin box or not at all: a blank elsewhere would press a button.
+    if (!spinBox->hasFocus()) {
         return;
     }
     if (!draw.oneIn(4)) {
@@ -199,7 +199,7 @@ void Monkey::typeANumber()
         text += QLatin1Char(characters[draw.below(sizeof characters - 1)]);
     }
     latest += QStringLiteral(" \"%1\"").arg(text);
-    QTest::keyClicks(box, text);
+    QTest::keyClicks(spinBox, text);
     if (draw.oneIn(16)) {
         pullTheAdapter();
         return;

@@ -416,7 +416,7 @@ void TestMainWindowForm::translatingAgainRestoresTheBaudRateAndTheLogoWithoutTip
 
 void TestMainWindowForm::everyFieldIsNamedForAScreenReader()
 {
-    // The reader says what kind of field it is, so a slider and its box may share a name.
+    // The reader says what kind of field it is, so a slider and its spin box may share a name.
     QMap<QString, QString> fieldByName;
     int fields = 0;
     for (const QWidget* field : untouched->window.findChildren<QWidget*>()) {
@@ -492,9 +492,9 @@ void TestMainWindowForm::fieldsTakeWhatIsInRange()
     QFETCH(const QString, typed);
     QFETCH(const QString, shown);
     Form form;
-    auto& box = form.get<QAbstractSpinBox>(field);
-    form.type(box, typed);
-    QCOMPARE(box.text(), shown);
+    auto& spinBox = form.get<QAbstractSpinBox>(field);
+    form.type(spinBox, typed);
+    QCOMPARE(spinBox.text(), shown);
 }
 
 void TestMainWindowForm::regionFieldsStopAtTheirEdges_data()
@@ -515,17 +515,17 @@ void TestMainWindowForm::regionFieldsStopAtTheirEdges()
     QFETCH(const QString, field);
     QFETCH(const int, last);
     Form form;
-    auto& box = form.get<QSpinBox>(field);
-    form.type(box, QStringLiteral("4"));
-    QCOMPARE(box.value(), 5);
-    form.type(box, QString::number(last));
-    QCOMPARE(box.value(), last);
+    auto& spinBox = form.get<QSpinBox>(field);
+    form.type(spinBox, QStringLiteral("4"));
+    QCOMPARE(spinBox.value(), 5);
+    form.type(spinBox, QString::number(last));
+    QCOMPARE(spinBox.value(), last);
 
-    form.focus(box);
-    QTest::keyClick(&box, Qt::Key_Up);
-    QCOMPARE(box.value(), last);
-    form.type(box, QString::number(last + 1)); // its last digit is refused
-    QCOMPARE(box.value(), last / 10);
+    form.focus(spinBox);
+    QTest::keyClick(&spinBox, Qt::Key_Up);
+    QCOMPARE(spinBox.value(), last);
+    form.type(spinBox, QString::number(last + 1)); // its last digit is refused
+    QCOMPARE(spinBox.value(), last / 10);
 }
 
 void TestMainWindowForm::gammaCannotLeaveItsRangeByTheArrowKeys()
