@@ -108,8 +108,9 @@ void readPlan(QByteArray content)
 
 void readSettings(const QByteArray& content)
 {
+    static const Settings initial; // its table of bad pixels takes longer than the reading
     IniFile ini(name, content);
-    Settings settings;
+    Settings settings = initial;
     settings.file = QStringLiteral("/nowhere/input.ini");
     settings.read(ini);
     linesOf(settings.problems);
