@@ -11,19 +11,18 @@ namespace simulator {
 /// Is given back with the object, or by the system when the process ends in whatever way.
 class FolderLock {
 public:
-    FolderLock();
-    ~FolderLock();
+    FolderLock() = default;
+    ~FolderLock() = default;
     FolderLock(const FolderLock&) = delete;
     FolderLock& operator=(const FolderLock&) = delete;
 
     /// False when another process has the folder. True also where the system cannot tell. What is
     /// held is given back before.
     bool take(const QString& folder);
-    void giveBack();
+    void giveBack() { held.reset(); }
 
 private:
-    struct Held;
-    std::unique_ptr<Held> held;
+    std::shared_ptr<void> held; ///< its deleter gives the folder back
 };
 
 } // namespace simulator

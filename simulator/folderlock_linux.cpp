@@ -11,40 +11,23 @@
 
 namespace simulator {
 
-/// The folder itself is locked: a lock file would outlive a process that is killed, and a folder
-/// may forbid new files.
-struct FolderLock::Held {
-    explicit Held(const QString& folder)
-        : descriptor(open(QFile::encodeName(folder).constData(), O_RDONLY | O_CLOEXEC))
-    {}
-    ~Held()
-    {
-        if (descriptor >= 0) {
-            close(descriptor);
-        }
-    }
-    Held(const Held&) = delete;
-    Held& operator=(const Held&) = delete;
-
-    const int descriptor;
-};
-
-FolderLock::FolderLock() = default;
-FolderLock::~FolderLock() = default;
-
+// The folder itself is locked: a lock file would outlive a process that is killed, and a folder
+// may forbid new files.
 bool FolderLock::take(const QString& folder)
 {
-    held = std::make_unique<Held>(folder);
-    if (flock(held->descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) {
+    giveBack();
+    const int descriptor = open(QFile::encodeName(folder).constData(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) {
+        return true;
+    }
+    held = {nullptr, [descriptor](void*) {
+                close(descriptor);
+            }};
+    if (flock(descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) {
         return true;
     }
     giveBack();
     return false;
-}
-
-void FolderLock::giveBack()
-{
-    held.reset();
 }
 
 } // namespace simulator

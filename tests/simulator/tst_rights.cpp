@@ -20,6 +20,7 @@ namespace {
 constexpr mode_t readOnly = S_IRUSR;
 constexpr mode_t writeOnly = S_IWUSR;
 constexpr mode_t closedFolder = S_IRUSR | S_IXUSR;
+constexpr mode_t unlistedFolder = S_IWUSR | S_IXUSR;
 
 /// Changes the rights of a file or folder and gives them back at the end.
 class Rights {
@@ -160,6 +161,18 @@ private Q_SLOTS:
         QCOMPARE(camera.setGamma(70000), Flag{1});
         QCOMPARE(camera.getGamma(), 70000U);
         QVERIFY(scene.newProblems().value(0).contains(QStringLiteral("it cannot be written")));
+    }
+
+    void aMemoryThatCannotBeLockedIsUsedAllTheSame()
+    {
+        Scene scene;
+        QDir().mkdir(QStringLiteral("kept"));
+        const Rights folder(scene.path(QStringLiteral("kept")), unlistedFolder);
+        scene.restart("[simulator]\nmemory=kept\n");
+        QCOMPARE(scene.camera().setGamma(70000), Flag{1});
+        scene.restart("[simulator]\nmemory=kept\n");
+        QCOMPARE(scene.camera().getGamma(), 70000U);
+        QCOMPARE(scene.newProblems(), QStringList());
     }
 
     void aMemoryThatCannotBeForgottenIsTold()
