@@ -25,6 +25,7 @@ namespace {
 constexpr std::size_t mostPeers = 16; ///< the one that has been there longest gives way to another
 constexpr int longestRequest = 64 * 1024;
 constexpr int piece = 4096;
+constexpr int pauseAfterRefusal = 100; ///< milliseconds
 
 QString lastError()
 {
@@ -203,13 +204,16 @@ Listener::Thread::~Thread()
 void Listener::Thread::run()
 {
     std::vector<Peer> peers;
+    bool refused = false; // a peer that stays in the queue, for want of descriptors
     for (;;) {
-        std::vector<pollfd> events = {{endOfWork.get(), POLLIN, 0}, {listener.get(), POLLIN, 0}};
+        std::vector<pollfd> events = {{endOfWork.get(), POLLIN, 0},
+                                      {refused ? -1 : listener.get(), POLLIN, 0}};
         for (const Peer& peer : peers) {
             const auto wanted = static_cast<short>(peer.answer.isEmpty() ? POLLIN : POLLOUT);
             events.push_back({peer.socket.get(), wanted, 0});
         }
-        if (poll(events.data(), static_cast<nfds_t>(events.size()), -1) < 0) {
+        const int patience = refused ? pauseAfterRefusal : -1;
+        if (poll(events.data(), static_cast<nfds_t>(events.size()), patience) < 0) {
             continue;
         }
         if (events[0].revents != 0) {
@@ -218,8 +222,11 @@ void Listener::Thread::run()
         auto event = events.cbegin() + 2;
         std::erase_if(peers,
                       [&](Peer& peer) { return (event++)->revents != 0 && !serve(peer, handler); });
+        refused = false;
         if (events[1].revents != 0) {
-            if (Descriptor socket(accept(listener.get(), nullptr, nullptr)); socket.isOpen()) {
+            Descriptor socket(accept(listener.get(), nullptr, nullptr));
+            refused = !socket.isOpen();
+            if (!refused) {
                 if (peers.size() == mostPeers) {
                     peers.erase(peers.begin());
                 }

@@ -13,10 +13,13 @@
 
 #include <array>
 #include <atomic>
+#include <ctime>
 #include <memory>
+#include <string>
 #include <thread>
 #include <vector>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 using ombrix_sdk::ICamera;
@@ -105,19 +108,19 @@ QByteArray valueTold(QProcess& program)
 /// A connection that sends what it is told to.
 class RawPeer {
 public:
-    explicit RawPeer(const QString& path) : descriptor(socket(AF_UNIX, SOCK_STREAM, 0))
-    {
-        const simulator::SocketAddress address(path.toStdString());
-        connected = connect(descriptor, address.get(), simulator::SocketAddress::size()) == 0;
-    }
+    explicit RawPeer(const QString& socketPath)
+        : path(socketPath.toStdString()), descriptor(socket(AF_UNIX, SOCK_STREAM, 0))
+    {}
     ~RawPeer() { close(descriptor); }
     RawPeer(const RawPeer&) = delete;
     RawPeer& operator=(const RawPeer&) = delete;
 
     bool send(const QByteArray& bytes) const
     {
-        return connected && ::send(descriptor, bytes.constData(), static_cast<size_t>(bytes.size()),
-                                   MSG_NOSIGNAL) == bytes.size();
+        const simulator::SocketAddress address(path);
+        return connect(descriptor, address.get(), simulator::SocketAddress::size()) == 0 &&
+               ::send(descriptor, bytes.constData(), static_cast<size_t>(bytes.size()),
+                      MSG_NOSIGNAL) == bytes.size();
     }
     /// Ends the request and waits for the answer.
     QByteArray answer() const
@@ -132,8 +135,27 @@ public:
     }
 
 private:
+    std::string path;
     int descriptor;
-    bool connected = false;
+};
+
+/// This program, the simulator in it included, opens no file while there is such an object.
+class NoMoreDescriptors {
+public:
+    NoMoreDescriptors()
+    {
+        const int lowestFree = dup(STDOUT_FILENO);
+        close(lowestFree);
+        getrlimit(RLIMIT_NOFILE, &before);
+        const rlimit full = {static_cast<rlim_t>(lowestFree), before.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &full);
+    }
+    ~NoMoreDescriptors() { setrlimit(RLIMIT_NOFILE, &before); }
+    NoMoreDescriptors(const NoMoreDescriptors&) = delete;
+    NoMoreDescriptors& operator=(const NoMoreDescriptors&) = delete;
+
+private:
+    rlimit before{};
 };
 
 } // namespace
@@ -392,6 +414,21 @@ private Q_SLOTS:
         QCOMPARE(camera.getGms(), 5U);
         QCOMPARE(peers.back()->answer(), QByteArray("0\n"));
         QCOMPARE(camera.getGsk(), 11U);
+    }
+
+    void whoeverFindsNoDescriptorLeftIsAnsweredLater()
+    {
+        Listening simulator;
+        const RawPeer peer(socketOf(simulator.scene));
+        {
+            const NoMoreDescriptors none;
+            QVERIFY(peer.send("get\ncamera\ngsk"));
+            // The time that this program works: a listener that tries again and again takes all.
+            const std::clock_t before = std::clock();
+            QTest::qSleep(500);
+            QVERIFY(std::clock() - before < CLOCKS_PER_SEC / 10);
+        }
+        QCOMPARE(peer.answer(), QByteArray("0\n6\n"));
     }
 
     void onlyTheSameUserMaySendCommands()
