@@ -28,15 +28,6 @@ add_custom_target(ombrix_simulator_manual ALL DEPENDS ${manual})
 install(TARGETS ombrix_simulator DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT development)
 install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT development)
 
-# The simulator's page speaks of the sources; here its files lie beside it.
-file(READ ${PROJECT_SOURCE_DIR}/docs/simulator.md page)
-string(REPLACE "`build/lib/libombrix.sdk.so`" "`${TAVREL_SDK_DIR}/libombrix.sdk.so`" page "${page}")
-string(REPLACE "../simulator/simulator.example.ini" "examples/simulator.example.ini" page "${page}")
-string(REPLACE "in `simulator/plans`" "in `examples/plans`" page "${page}")
-file(CONFIGURE OUTPUT ${generated}/simulator.md CONTENT "${page}" @ONLY)
-set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
-    ${PROJECT_SOURCE_DIR}/docs/simulator.md)
-
 install(FILES ${PROJECT_SOURCE_DIR}/sdk/ombrix_sdk.h
     DESTINATION ${TAVREL_SDK_HEADERS}/sdk COMPONENT development)
 install(FILES ${PROJECT_SOURCE_DIR}/simulator/control.h
@@ -48,11 +39,7 @@ install(FILES
     ${PROJECT_SOURCE_DIR}/packaging/linux/copyright
     ${PROJECT_SOURCE_DIR}/CHANGELOG.md
     ${PROJECT_SOURCE_DIR}/docs/sdk-development.md
-    ${PROJECT_SOURCE_DIR}/docs/simulator-reference.md
-    ${generated}/simulator.md
     DESTINATION ${TAVREL_SDK_DOCUMENTS} COMPONENT development)
-install(FILES ${PROJECT_SOURCE_DIR}/simulator/simulator.example.ini
+install(DIRECTORY ${development}/program ${development}/ci-job
     DESTINATION ${TAVREL_SDK_DOCUMENTS}/examples COMPONENT development)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/simulator/plans ${development}/program
-        ${development}/ci-job
-    DESTINATION ${TAVREL_SDK_DOCUMENTS}/examples COMPONENT development)
+tavrel_install_simulator_documents(${TAVREL_SDK_DOCUMENTS} development)

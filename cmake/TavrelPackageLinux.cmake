@@ -30,12 +30,27 @@ install(FILES
     ${linux}/copyright
     ${PROJECT_SOURCE_DIR}/CHANGELOG.md
     ${PROJECT_SOURCE_DIR}/docs/user-guide.md
-    ${PROJECT_SOURCE_DIR}/docs/simulator.md
     ${PROJECT_SOURCE_DIR}/docs/tavrelctl.md
     DESTINATION ${document_dir})
-install(FILES ${PROJECT_SOURCE_DIR}/simulator/simulator.example.ini
-    DESTINATION ${document_dir}/examples)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/simulator/plans DESTINATION ${document_dir}/examples)
+
+# Its examples lie beside the simulator's page where it is installed.
+file(READ ${PROJECT_SOURCE_DIR}/docs/simulator.md page)
+string(REPLACE "](../simulator/" "](examples/" page "${page}")
+file(CONFIGURE OUTPUT ${generated}/simulator.md CONTENT "${page}" @ONLY)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
+    ${PROJECT_SOURCE_DIR}/docs/simulator.md)
+
+# tavrel_install_simulator_documents(folder component): the simulator's pages and examples for the
+# documents of a package.
+function(tavrel_install_simulator_documents folder component)
+    install(FILES ${generated}/simulator.md ${PROJECT_SOURCE_DIR}/docs/simulator-reference.md
+        DESTINATION ${folder} COMPONENT ${component})
+    install(FILES ${PROJECT_SOURCE_DIR}/simulator/simulator.example.ini
+        DESTINATION ${folder}/examples COMPONENT ${component})
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/simulator/plans
+        DESTINATION ${folder}/examples COMPONENT ${component})
+endfunction()
+tavrel_install_simulator_documents(${document_dir} Unspecified)
 
 include(TavrelDevelopment)
 

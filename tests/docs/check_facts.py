@@ -1,14 +1,18 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
 """Holds the documents against what they tell of: the guide against the window's own form, the first
-lines against the camera that is really behind them, licences and dates against their one place.
+lines against the camera that is really behind them, licences and dates against their one place, links
+against what they lead to.
 
 usage: check_facts.py SOURCE_DIR VERSION RELEASE_DATE
 """
+import glob
 import os
 import re
 import sys
 import xml.etree.ElementTree
+
+from links import dead_links
 
 SOURCE, VERSION, RELEASE_DATE = sys.argv[1:]
 
@@ -68,7 +72,14 @@ def missing_in_guide():
             yield text
 
 
+def pages():
+    for pattern in ("*.md", "docs/*.md", "bench/*.md", "packaging/*/*.md"):
+        yield from glob.glob(os.path.join(SOURCE, pattern))
+
+
 def failures():
+    for page in pages():
+        yield from dead_links(page)
     for name, start in BEGINNINGS:
         begin = content(name).find(start) + len(start)
         first = content(name)[begin:begin + FIRST]

@@ -1,31 +1,70 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Runs every command of docs/sdk-development.md, as it is installed, in its order and in one shell, in
-a scratch folder and against a tree that holds what the two packages hold.
+"""Holds the pages that are installed against the installed tree: every link and path of theirs, and
+every command of those on the SDK and on its simulated camera, in their order, in one shell for each page
+and in a scratch folder. The tree holds what the two packages hold.
 
 usage: development.py BUILD_DIR      installs BUILD_DIR into a scratch folder of its own
        development.py --tree TREE    takes a tree that is there, such as the unpacked packages
 """
 import glob
+import gzip
 import os
 import re
 import subprocess
 import sys
 import tempfile
 
+from links import dead_links
+
+SOURCE = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+
+# Before the commands of a page: what they leave running ends with them.
+PROLOGUE = "trap 'jobs -p | xargs -r kill' EXIT\n"
+
 
 def commands(page):
+    """The page's commands as one script. A program that takes commands is waited for: who reads the
+    page sees its window."""
     with open(page, encoding="utf-8") as file:
         blocks = re.findall(r"^( *)```sh\n(.*?)^ *```", file.read(), re.M | re.S)
-    return "".join(re.sub(f"^{indent}", "", block, flags=re.M) for indent, block in blocks)
+    script = "".join(re.sub(f"^{indent}", "", block, flags=re.M) for indent, block in blocks)
+    return re.sub(r"^(TAVREL_SIMULATOR_CONTROL=(\w+) .*&)$",
+                  r"\1 until ombrix-simulator --at \2 list || ! kill -0 $!; do sleep 0.1; done",
+                  script, flags=re.M)
 
 
-def dead_links(page):
-    """Links of a page to files that are not beside it."""
-    with open(page, encoding="utf-8") as file:
-        for target in re.findall(r"\]\((?!https?:)([^)#]+)[^)]*\)", file.read()):
-            if not os.path.exists(os.path.join(os.path.dirname(page), target)):
-                yield f"{page}: {target} is not there"
+def paths_of_the_sources(file, text, headers):
+    """Words of an installed text that stand for something in the sources and for nothing here."""
+    for word in re.findall(r"(?<![\w/:.-])(?:\.?/?[\w-]+)(?:/[\w.*-]+)*", text):
+        word = word.rstrip(".")
+        if "/" in word and not os.path.isabs(word) and not any(
+                os.path.exists(os.path.join(place, word))
+                for place in (os.path.dirname(file), headers)) and (
+                    word.startswith("build/") or os.path.exists(os.path.join(SOURCE, word))):
+            yield f"{file}: {word} is in the sources only"
+
+
+def missing_paths(file, text, prefix):
+    """Places under the prefix that a manual page tells of and that are not there."""
+    for word in re.findall(r"\b(?:share|lib|include)/[\w./-]+", text.replace("\\-", "-")):
+        if not os.path.exists(os.path.join(prefix, word)):
+            yield f"{file}: {word} is not there"
+
+
+def misleading(prefix):
+    """What in the installed documents leads nowhere."""
+    headers = os.path.join(prefix, "include", "ombrix-sdk")
+    for file in glob.glob(f"{prefix}/share/doc/**/*.*", recursive=True):
+        if file.endswith(".md"):
+            yield from dead_links(file)
+        # The changes tell of the sources, too.
+        if not os.path.basename(file).lower().startswith("changelog"):
+            with open(file, encoding="utf-8") as text:
+                yield from paths_of_the_sources(file, text.read(), headers)
+    for file in glob.glob(f"{prefix}/share/man/man1/*"):
+        with (gzip.open if file.endswith(".gz") else open)(file, "rt", encoding="utf-8") as text:
+            yield from missing_paths(file, text.read(), prefix)
 
 
 def only(pattern):
@@ -35,33 +74,41 @@ def only(pattern):
     return found[0]
 
 
-def tried(tree, scratch):
-    """Whether the page's commands work against the tree."""
-    page = only(f"{tree}/**/doc/libombrix-sdk-dev/sdk-development.md")
-    described = commands(page)
-    pages = glob.glob(os.path.join(os.path.dirname(page), "s*.md"))
-    wrong = [link for other in pages for link in dead_links(other)]
-    print("\n".join(wrong))
-    environment = {name: value for name, value in os.environ.items()
-                   if not name.startswith("TAVREL_SIMULATOR_")}
-    environment["CMAKE_GENERATOR"] = "Ninja"  # make is not installed for the tests
-    programs = os.path.dirname(only(f"{tree}/**/bin/ombrix-simulator"))
-    environment["PATH"] = programs + os.pathsep + environment["PATH"]
-    environment["PKG_CONFIG_PATH"] = os.path.dirname(only(f"{tree}/**/ombrix-sdk.pc"))
-    environment["CMAKE_PREFIX_PATH"] = os.path.dirname(
-        os.path.dirname(os.path.dirname(environment["PKG_CONFIG_PATH"] + "/")))
-    result = subprocess.run(["bash", "-euxc", described], cwd=scratch, env=environment,
+def followed(page, scratch, environment):
+    """Whether the page's commands work, and what they say."""
+    script = commands(page)
+    result = subprocess.run(["bash", "-euxc", PROLOGUE + script], cwd=scratch, env=environment,
                             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                             stderr=subprocess.STDOUT, text=True, check=False)
     print(result.stdout)
-    said = result.stdout.count("camera 20417, gamma 1\ndone\n")
+    if result.returncode != 0 or not script:
+        print(f"FAIL  {page}: its commands end with {result.returncode}")
+    return result.returncode == 0 and script != "", result.stdout
+
+
+def tried(tree, scratch):
+    """Whether the pages hold against the tree."""
+    prefix = os.path.dirname(os.path.dirname(only(f"{tree}/**/bin/ombrix-simulator")))
+    wrong = list(misleading(prefix))
+    print("\n".join(wrong))
+    documents = os.path.join(prefix, "share", "doc", "libombrix-sdk-dev")
+    environment = {name: value for name, value in os.environ.items()
+                   if not name.startswith("TAVREL_SIMULATOR_")}
+    environment["CMAKE_GENERATOR"] = "Ninja"  # make is not installed for the tests
+    environment["QT_QPA_PLATFORM"] = "offscreen"
+    environment["PATH"] = os.path.join(prefix, "bin") + os.pathsep + environment["PATH"]
+    environment["PKG_CONFIG_PATH"] = os.path.join(prefix, "share", "pkgconfig")
+    environment["CMAKE_PREFIX_PATH"] = prefix
+    camera_works, _ = followed(os.path.join(documents, "simulator.md"), scratch, environment)
+    works, output = followed(os.path.join(documents, "sdk-development.md"), scratch, environment)
+    said = output.count("camera 20417, gamma 1\ndone\n")
     if said < 2:
         print(f"FAIL  the first program said what it should {said} times")
     # The job as the service has it, and once more when it was broken and mended.
-    passed = result.stdout.count("100% tests passed")
+    passed = output.count("100% tests passed")
     if passed != 2:
         print(f"FAIL  the job passed {passed} times")
-    return result.returncode == 0 and said >= 2 and passed == 2 and not wrong and described != ""
+    return works and camera_works and said >= 2 and passed == 2 and not wrong
 
 
 def main():

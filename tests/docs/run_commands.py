@@ -15,7 +15,6 @@ import sys
 import tempfile
 
 DOCUMENTS = ["README.md", "CONTRIBUTING.md", "docs/user-guide.md", "docs/tavrelctl.md",
-             "docs/simulator.md",
              "docs/architecture.md", "docs/sdk-boundary.md", "docs/quality.md"]
 
 # How a command is run: what is appended to keep it short, or None for the commands that are not
@@ -40,6 +39,9 @@ RULES = [
     (r"\./test$", None),
 ]
 
+# An installed program, and what stands for it in the sources.
+INSTALLED = (r"^tavrelctl ", "./run --ctl ")
+
 # Commands for a second terminal beside the running tool.
 BESIDE_THE_TOOL = r"(cp simulator/plans/\S+|rm) ?build/session/plan\.ini$|\./run --simulator "
 
@@ -50,7 +52,7 @@ def commands(path):
         for line in block.splitlines():
             command = line.split(" # ")[0].strip()
             if command:
-                yield command
+                yield re.sub(*INSTALLED, command)
 
 
 def copy(source, target):
