@@ -12,7 +12,8 @@ import re
 import sys
 import xml.etree.ElementTree
 
-from links import dead_links
+sys.dont_write_bytecode = True
+from links import dead_links  # pylint: disable=wrong-import-position
 
 SOURCE, VERSION, RELEASE_DATE = sys.argv[1:]
 

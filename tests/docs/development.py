@@ -11,11 +11,13 @@ import glob
 import gzip
 import os
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
 
-from links import dead_links
+sys.dont_write_bytecode = True
+from links import dead_links  # pylint: disable=wrong-import-position
 
 SOURCE = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 
