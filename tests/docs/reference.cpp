@@ -57,10 +57,14 @@ const QMap<QByteArray, const char*> deeds = {
      "request, -1 without an answer"},
     {"writeTableData", "offset 4096, length 8192, table 8: stores the table region"},
     {"loadBadPixelList",
-     "treats the map file of 480 lines of 640 bytes: one entry for each bad pixel, the table in "
-     "`replbp.bin` in the current directory"},
-    {"addBadPixels", "declares the pixel, line or column in the map file"},
-    {"removeBadPixels", "undeclares the pixel, line or column in the map file"},
+     "treats the map file of 480 lines of 640 bytes, which `height` and `width` have to say: one "
+     "entry for each bad pixel, the table in `replbp.bin` in the current directory"},
+    {"addBadPixels",
+     "declares the pixel in the map file; with 0xFFFFFFFF as `x` the whole line `y`, with "
+     "0xFFFFFFFF as `y` the whole column `x`"},
+    {"removeBadPixels",
+     "undeclares the pixel in the map file; 0xFFFFFFFF stands for all of a line or column as in "
+     "`addBadPixels`"},
     {"requestNuc",
      "0 or 1, unless a NUC is running: sets `nucControl`; 1 closes the shutter for `nucDuration` "
      "and opens it"},
@@ -100,6 +104,12 @@ QByteArray said(const QMap<QByteArray, const char*>& texts, const QByteArray& na
     return texts.value(name);
 }
 
+QByteArray limits(const ParameterFacts& facts)
+{
+    return QByteArray::number(facts.lowest, 'f', 0) + " to " +
+           QByteArray::number(facts.highest, 'f', 0);
+}
+
 /// The key, and behind it what a command may set it to.
 QByteArray accepted(const QByteArray& key)
 {
@@ -115,9 +125,26 @@ QByteArray accepted(const QByteArray& key)
     if (notes.contains(key)) {
         return text + said(notes, key);
     }
-    return row->field.kind == Kind::Switch ? text
-                                           : text + ": " + QByteArray::number(row->lowest, 'f', 0) +
-                                                 " to " + QByteArray::number(row->highest, 'f', 0);
+    return row->field.kind == Kind::Switch ? text : text + ": " + limits(*row);
+}
+
+/// What the numbers of the regions stand for.
+void regions()
+{
+    std::printf("\nA `region` has one of these numbers. Any other is refused.\n\n"
+                "| `region` | Coordinates | On |\n|---|---|---|\n");
+    for (std::uint32_t region = 0; region < regionCount; ++region) {
+        QByteArray keys;
+        for (const auto coordinate :
+             {Coordinate::x1, Coordinate::x2, Coordinate::y1, Coordinate::y2}) {
+            keys += QByteArray(keys.isEmpty() ? "`" : ", `") +
+                    factsOf(regionCoordinate(region, coordinate)).field.key + '`';
+        }
+        const QByteArray on = region == 0
+                                  ? QByteArray("always")
+                                  : QByteArray("`") + factsOf(regionSwitch(region)).field.key + '`';
+        std::printf("| %u | %s | %s |\n", region, keys.constData(), on.constData());
+    }
 }
 
 QByteArray read(const QByteArray& key)
@@ -192,6 +219,7 @@ is current.
 int main()
 {
     std::fputs(introduction, stdout);
+    regions();
     heading("IOmbrixSdk");
 #define ROOT(Result, name, arguments) row(#Result, #name, #arguments, said(deeds, #name));
 #include "sdk/operations.def"
@@ -213,12 +241,16 @@ int main()
     row("Flag", #name, "(" #Record "* " #value ")", "fills in " + said(records, #value));
 #define GET_ROI(name, coordinate)                                                                  \
     row("std::uint32_t", #name, "(std::uint32_t region)",                                          \
-        "answers the region's " #coordinate ", pixels; the x1 of one that is off is 0");
+        Coordinate::coordinate == Coordinate::x1                                                   \
+            ? "answers the region's x1, pixels; 0 when it is off"                                  \
+            : "answers the region's " #coordinate ", pixels, also when it is off");
 #define SET_ROI(name, coordinate)                                                                  \
     row("Flag", #name,                                                                             \
         "(std::uint32_t " #coordinate ", std::uint32_t region, bool roi1Inclusive, "               \
         "bool roi0Exclusive, bool roi1Exclusive)",                                                 \
-        "sets the region's " #coordinate ", pixels, and which other regions are on");
+        "sets the region's " #coordinate ": " +                                                    \
+            limits(factsOf(regionCoordinate(0, Coordinate::coordinate))) +                         \
+            ", pixels; and which regions but the first are on");
 #define CAMERA(Result, name, arguments) row(#Result, #name, #arguments, said(deeds, #name));
 #include "sdk/operations.def"
     return 0;
