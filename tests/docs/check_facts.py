@@ -78,6 +78,13 @@ def pages():
         yield from glob.glob(os.path.join(SOURCE, pattern))
 
 
+def kept_by_the_maker():
+    """What the memory does not hold: as the page lists it, and as it is."""
+    listed = content("docs/simulator.md").split("only its maker gives a camera:")[1].split(".\n")[0]
+    table = content("simulator/parameters.def")
+    return re.findall(r"`(\w+)`", listed), re.findall(r"^PARAMETER\((\w+),.* Factory\)", table, re.M)
+
+
 def failures():
     for page in pages():
         yield from dead_links(page)
@@ -87,6 +94,9 @@ def failures():
         if begin < len(start) or "simulated" not in first or "library" not in first:
             yield f"{name}: its first lines do not tell that the camera is simulated, and whose " \
                   f"library takes its place"
+    listed, made = kept_by_the_maker()
+    if sorted(listed) != sorted(made):
+        yield f"docs/simulator.md: the maker gives {made}, not {listed}"
     for text in missing_in_guide():
         yield f"docs/user-guide.md: nothing of \"{text}\""
     entry = f"## {VERSION} ({RELEASE_DATE})"

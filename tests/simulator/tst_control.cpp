@@ -90,6 +90,23 @@ private Q_SLOTS:
         QCOMPARE(scene.camera().getGsk(), 33U);
     }
 
+    void whatOnlyTheMakerGivesACameraEndsWithTheProgram()
+    {
+        Scene scene("[simulator]\nmemory=kept\n");
+        // The number last: from then on another camera's files are meant.
+        for (const char* change :
+             {"sensorSerialNumber=1", "firmwareVersion=1.0.0", "fpgaVersion=1.0.0",
+              "nineHertz=true", "mipi=false", "sensorTemperature=345000", "fpgaTemperature=345000",
+              "serialNumber=1"}) {
+            const QByteArray key = QByteArray(change).split('=').first();
+            const QString made = textOf(ombrix_simulator::get("camera", key.toStdString()));
+            QVERIFY2(ombrix_simulator::set("camera", change).done, change);
+            QVERIFY2(textOf(ombrix_simulator::get("camera", key.toStdString())) != made, change);
+            scene.restart();
+            QCOMPARE(textOf(ombrix_simulator::get("camera", key.toStdString())), made);
+        }
+    }
+
     void aRateThatWasSetCountsAtOnceAndNoOtherValueTouchesIt()
     {
         Scene scene;
