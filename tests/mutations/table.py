@@ -1132,6 +1132,9 @@ MUTATIONS = [
          "    if (settings.file.isEmpty()) {\n        readEnvironment(settings);\n    }\n"
          "    return settings;\n",
          "tst_simulator_memory theVariableNamesTheFolderBeforeTheSettings"),
+        ("Quotes belong to a value", "ini.cpp", "text.mid(equals + 1).trimmed()",
+         "text.mid(equals + 1).trimmed().remove(QLatin1Char('\"'))",
+         "tst_simulator_settings quotesBelongToAValue"),
         ("A value of the wrong kind is told", "ini.cpp",
          "    if (!value) {\n        addProblem(section, key,\n",
          "    if (!value && key.isEmpty()) {\n        addProblem(section, key,\n",

@@ -369,6 +369,12 @@ private Q_SLOTS:
 
     // ---- several cameras
 
+    void quotesBelongToAValue()
+    {
+        Scene scene("[configuration]\ncommunicationType=\"UART\"\n");
+        QCOMPARE(QByteArray(scene.configuration().getCommunicationType()), QByteArray("\"UART\""));
+    }
+
     void eachCameraAnswersOnItsPorts()
     {
         Scene scene(ini({"[camera-a]", "ports=ttyUSB0, COM3", "serialNumber=1", "[camera-b]",
