@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/answer.h"
 
-#include "ctl/failure.h"
-
 #include <QtCore/QJsonDocument>
 #include <QtCore/QRegularExpression>
 
@@ -77,6 +75,23 @@ void complain(const QString& text)
 {
     const QByteArray line = "tavrelctl: " + text.toLocal8Bit() + '\n';
     std::fputs(line.constData(), stderr);
+}
+
+void complain(const Failure& failure, bool asJson)
+{
+    complain(failure.message);
+    if (!asJson) {
+        return;
+    }
+    Answer answer;
+    answer.json = failure.details;
+    answer.json.insert(QStringLiteral("error"), failure.message);
+    answer.json.insert(QStringLiteral("status"), static_cast<int>(failure.status));
+    try {
+        write(answer.text(true, false));
+    } catch (const Failure&) {
+        // It is told already, and for a worse reason.
+    }
 }
 
 } // namespace tavrel::ctl

@@ -2,6 +2,7 @@
 // What the program says on standard output: text for people, or one JSON document.
 #pragma once
 
+#include "ctl/failure.h"
 #include "params/parameters.h"
 
 #include <QtCore/QJsonObject>
@@ -36,5 +37,8 @@ void write(const QByteArray& bytes);
 
 /// Writes a line to standard error.
 void complain(const QString& text);
+
+/// Says why the program ends: on standard error, and as the answer where that is a document.
+void complain(const Failure& failure, bool asJson);
 
 } // namespace tavrel::ctl

@@ -28,6 +28,25 @@ std::set<std::size_t> commandsOf(const Values& wanted)
     return found;
 }
 
+bool canBeRead(std::size_t command)
+{
+    return static_cast<bool>(commands()[command].read);
+}
+
+/// What the camera holds after an exchange, for people.
+QString heldAfter(const Result& result)
+{
+    const Parameter& parameter = parameters()[result.place];
+    if (result.after) {
+        return textOf(parameter, *result.after);
+    }
+    if (canBeRead(parameter.command)) {
+        return QStringLiteral("not readable");
+    }
+    return result.fate == Fate::Refused ? QStringLiteral("as before")
+                                        : textOf(parameter, result.wanted);
+}
+
 /// Whether the coordinates around this place are in order; what is not known is.
 bool pairInOrder(const Values& values, std::size_t place)
 {
@@ -123,51 +142,59 @@ std::vector<Result> exchange(Session& session, const Values& wanted, const Value
     }
     session.plan(names);
 
+    std::vector<std::size_t> readable;
+    for (const std::size_t command : commandsOf(expected)) {
+        if (canBeRead(command)) {
+            readable.push_back(command);
+        }
+    }
+    // What was asked for is read back, whether or not it had to be sent; and before the camera's
+    // own rate goes out, because nothing can be asked at the old one afterwards.
+    std::optional<Values> readBack;
+    const auto look = [&] {
+        if (!readBack) {
+            readBack = readable.empty() ? Values(parameters().size()) : session.read(readable);
+        }
+    };
+
     Values now = held;
     std::vector<std::optional<Fate>> fates(parameters().size());
     for (const std::size_t command : order) {
         const Command& row = commands()[command];
+        if (!canBeRead(command)) {
+            look();
+        }
         Values next = now;
         std::vector<double> sent;
         for (std::size_t place = row.first; place < row.first + row.count; ++place) {
             next[place] = target[place];
             sent.push_back(*target[place]);
         }
+        const QString name = QLatin1String(parameters()[row.first].name);
         Fate fate = Fate::NotSent;
         if (inPair(row.first) == InPair::No || pairInOrder(next, row.first) ||
             !pairInOrder(now, row.first)) {
             const RegionSwitches switches = regionSwitches(next);
             const ombrix_sdk::Flag accepted =
-                session.ask(QLatin1String(parameters()[row.first].name),
-                            [&](auto& camera) { return row.write(camera, sent, switches); });
-            fate = accepted == 0 ? Fate::Refused : Fate::Done;
+                session.send(name, [&](auto& camera) { return row.write(camera, sent, switches); });
             if (accepted != 0) {
+                fate = Fate::Done;
                 now = next;
+                session.settle(name, Step::Fate::Done);
             } else {
+                // A camera that has gone has perhaps done it.
                 session.expectPresence();
+                fate = Fate::Refused;
+                session.settle(name, Step::Fate::Refused);
             }
         }
-        session.stepDone();
         for (std::size_t place = row.first; place < row.first + row.count; ++place) {
             fates[place] = fate;
         }
     }
 
-    // Read back what was asked for, whether or not it had to be sent. Nothing can be asked at the
-    // old rate any more when the camera's own was sent.
-    std::vector<std::size_t> readable;
-    bool rateWasSent = false;
-    for (const std::size_t command : commandsOf(expected)) {
-        const bool canBeRead = static_cast<bool>(commands()[command].read);
-        rateWasSent |= !canBeRead && fates[commands()[command].first] == Fate::Done;
-        if (canBeRead) {
-            readable.push_back(command);
-        }
-    }
-    Values after(parameters().size());
-    if (!rateWasSent) {
-        after = session.read(readable);
-    }
+    look();
+    const Values& after = *readBack;
     std::vector<Result> results;
     for (std::size_t place = 0; place < expected.size(); ++place) {
         if (!expected[place]) {
@@ -210,7 +237,8 @@ bool report(Answer& answer, const std::vector<Result>& results)
         const Parameter& parameter = parameters()[result.place];
         const QString name = QLatin1String(parameter.name);
         const QString word = QLatin1String(wordOf(result.fate));
-        const bool isGood = result.fate == Fate::Done || result.fate == Fate::Unverified;
+        const bool isGood = result.fate == Fate::Done ||
+                            (result.fate == Fate::Unverified && !canBeRead(parameter.command));
         good &= isGood;
         list.append(QJsonObject{{QStringLiteral("name"), name},
                                 {QStringLiteral("wanted"), jsonOf(parameter, result.wanted)},
@@ -221,10 +249,7 @@ bool report(Answer& answer, const std::vector<Result>& results)
         if (!isGood) {
             said += QStringLiteral(": wanted ") + textOf(parameter, result.wanted);
         }
-        rows.push_back({name,
-                        QStringLiteral("= ") + (result.after ? textOf(parameter, *result.after)
-                                                             : textOf(parameter, result.wanted)),
-                        said});
+        rows.push_back({name, QStringLiteral("= ") + heldAfter(result), said});
     }
     answer.json.insert(QStringLiteral("results"), list);
     answer.table(rows);

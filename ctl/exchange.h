@@ -30,7 +30,7 @@ enum class Fate {
     Refused,
     Differs,    ///< accepted, but the camera holds something else
     NotSent,    ///< would have broken an order that a refused command was to make
-    Unverified, ///< accepted; cannot be read back
+    Unverified, ///< accepted; the camera does not tell what it holds
 };
 
 struct Result {

@@ -2,6 +2,7 @@
 // How the program ends.
 #pragma once
 
+#include <QtCore/QJsonObject>
 #include <QtCore/QString>
 
 #include <exception>
@@ -19,10 +20,13 @@ enum class Status : int {
 /// Thrown: why nothing more can be done.
 class Failure : public std::exception {
 public:
-    Failure(Status exitStatus, QString why) : status(exitStatus), message(std::move(why)) {}
+    Failure(Status exitStatus, QString why, QJsonObject facts = {})
+        : status(exitStatus), message(std::move(why)), details(std::move(facts))
+    {}
 
     Status status;
-    QString message; ///< one or more sentences, without the program's name
+    QString message;     ///< one or more sentences, without the program's name
+    QJsonObject details; ///< what the message tells, for programs
 };
 
 } // namespace tavrel::ctl

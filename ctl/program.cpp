@@ -59,18 +59,7 @@ int runProgram(int argc, char** argv)
         write(answer.text(request.json, wantsColours()));
         return static_cast<int>(status);
     } catch (const Failure& failure) {
-        complain(failure.message);
-        if (request.json) {
-            Answer answer;
-            answer.json = {{QStringLiteral("error"), failure.message},
-                           {QStringLiteral("status"), static_cast<int>(failure.status)}};
-            try {
-                write(answer.text(true, false));
-            } catch (const Failure&) {
-                // Told already that nobody reads.
-                return static_cast<int>(failure.status);
-            }
-        }
+        complain(failure, request.json);
         return static_cast<int>(failure.status);
     }
 }

@@ -4,7 +4,7 @@
 #include "app/platform.h"
 #include "ctl/answer.h"
 
-#include <QtCore/QJsonObject>
+#include <QtCore/QJsonArray>
 #include <QtSerialPort/QSerialPortInfo>
 
 #include <cstdio>
@@ -131,13 +131,16 @@ void Session::close()
     link = nullptr;
 }
 
-void Session::enter(const QString& what)
+void Session::enter(const QString& what, bool isStep)
 {
     if (platform::wasInterrupted()) {
-        throw Failure(
-            Status::Differs,
-            QStringLiteral("interrupted before %1; %2")
-                .arg(what, planned.isEmpty() ? QStringLiteral("nothing was done") : account()));
+        const QString message = QStringLiteral("interrupted before %1").arg(what);
+        throw steps.empty()
+            ? Failure(Status::Differs, message + QStringLiteral("; nothing was done"))
+            : ending(Status::Differs, message);
+    }
+    if (isStep) {
+        settle(what, Step::Fate::UnderWay);
     }
     {
         const std::lock_guard<std::mutex> lock(mutex);
@@ -164,19 +167,8 @@ void Session::endLate()
         message =
             QStringLiteral("no answer to \"%1\" within %2").arg(current, seconds(options.timeout));
     }
-    if (const QString told = account(); !told.isEmpty()) {
-        message += QStringLiteral("; ") + told;
-    }
     showProgress({});
-    complain(message);
-    if (options.json) {
-        Answer answer;
-        answer.json = {{QStringLiteral("error"), message},
-                       {QStringLiteral("status"), static_cast<int>(Status::NoCamera)}};
-        const QByteArray text = answer.text(true, false);
-        std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stdout);
-        std::fflush(stdout);
-    }
+    complain(ending(Status::NoCamera, message), options.json);
     // The call that does not come back holds everything else.
     std::_Exit(static_cast<int>(Status::NoCamera));
 }
@@ -197,10 +189,7 @@ void Session::expectPresence()
         }
         lost = QStringLiteral("the camera on %1 does not answer any more").arg(options.port);
     }
-    if (const QString told = account(); !told.isEmpty()) {
-        lost += QStringLiteral("; ") + told;
-    }
-    throw Failure(Status::NoCamera, lost);
+    throw ending(Status::NoCamera, lost);
 }
 
 Values Session::read(const std::vector<std::size_t>& wanted)
@@ -223,34 +212,60 @@ Values Session::read(const std::vector<std::size_t>& wanted)
     return values;
 }
 
-void Session::plan(const QStringList& names)
+void Session::plan(const QStringList& names, const QString& doubt)
 {
     const std::lock_guard<std::mutex> lock(mutex);
-    planned = names;
-    done = 0;
+    steps.clear();
+    for (const QString& name : names) {
+        steps.push_back({name});
+    }
+    doubtfully = doubt;
 }
 
-void Session::stepDone()
+void Session::settle(const QString& what, Step::Fate fate)
 {
     const std::lock_guard<std::mutex> lock(mutex);
-    ++done;
+    for (Step& step : steps) {
+        if (step.name == what) {
+            step.fate = fate;
+        }
+    }
 }
 
-QString Session::account() const
+Failure Session::ending(Status status, QString message) const
 {
+    struct Group {
+        Step::Fate fate;
+        const char* key;
+        const char* words;
+    };
+    static constexpr Group groups[] = {
+        {Step::Fate::Done, "done", "done"},
+        {Step::Fate::Refused, "refused", "refused"},
+        {Step::Fate::UnderWay, "unknown", "unknown whether done"},
+        {Step::Fate::NotSent, "notSent", "not sent"},
+    };
     const std::lock_guard<std::mutex> lock(mutex);
-    if (planned.isEmpty()) {
-        return {};
+    QJsonObject details;
+    for (const Group& group : groups) {
+        QStringList names;
+        for (const Step& step : steps) {
+            if (step.fate == group.fate) {
+                names.append(step.name);
+            }
+        }
+        if (!steps.empty()) {
+            details.insert(QLatin1String(group.key), QJsonArray::fromStringList(names));
+        }
+        if (!names.isEmpty()) {
+            message += QStringLiteral("; %1: %2")
+                           .arg(QLatin1String(group.words), names.join(QLatin1String(", ")));
+        }
+        if (!names.isEmpty() && group.fate == Step::Fate::UnderWay && !doubtfully.isEmpty()) {
+            message += QStringLiteral("; ") + doubtfully;
+        }
     }
-    const QLatin1String comma(", ");
-    const QStringList sentNames = planned.mid(0, done);
-    const QStringList rest = planned.mid(done);
-    QString told = sentNames.isEmpty() ? QStringLiteral("nothing was done")
-                                       : QStringLiteral("done: %1").arg(sentNames.join(comma));
-    if (!rest.isEmpty()) {
-        told += QStringLiteral("; not done: %1").arg(rest.join(comma));
-    }
-    return told;
+    return {status, message, details};
 }
 
 } // namespace tavrel::ctl

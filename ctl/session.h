@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <mutex>
 #include <optional>
+#include <vector>
 
 namespace tavrel::ctl {
 
@@ -33,6 +34,14 @@ ombrix_sdk::ISdkConfiguration& configuration();
 
 bool isExpertMode();
 
+/// A command of a plan.
+struct Step {
+    enum class Fate { NotSent, UnderWay, Done, Refused };
+
+    QString name;
+    Fate fate = Fate::NotSent;
+};
+
 class Session {
 public:
     /// Opens the camera, or throws why there is none.
@@ -45,10 +54,13 @@ public:
     /// call when the user has asked for an end.
     template<typename Call> auto ask(const QString& what, Call call)
     {
-        enter(what);
-        auto result = call(*camera);
-        watch.end();
-        return result;
+        return make(what, false, call);
+    }
+
+    /// The same for a command of the plan, which is under way until it is settled.
+    template<typename Call> auto send(const QString& what, Call call)
+    {
+        return make(what, true, call);
     }
 
     /// Throws unless port and camera are still there.
@@ -60,14 +72,24 @@ public:
     /// The values of these commands' parameters.
     Values read(const std::vector<std::size_t>& wanted);
 
-    // What a message about an early end tells.
-    void plan(const QStringList& names);
-    void stepDone();
-    /// "done: gamma; not done: clhe"; empty when nothing was planned.
-    [[nodiscard]] QString account() const;
+    /// Commands that will be sent, for what an early end tells. doubt: what it means when one of
+    /// them is not settled.
+    void plan(const QStringList& names, const QString& doubt = {});
+    /// What has become of a command of the plan.
+    void settle(const QString& what, Step::Fate fate);
 
 private:
-    void enter(const QString& what);
+    template<typename Call> auto make(const QString& what, bool isStep, Call& call)
+    {
+        enter(what, isStep);
+        auto result = call(*camera);
+        watch.end();
+        return result;
+    }
+
+    void enter(const QString& what, bool isStep = false);
+    /// Why the session ends, and what has become of the plan.
+    [[nodiscard]] Failure ending(Status status, QString message) const;
     void showProgress(const QString& what);
     void close();
     [[noreturn]] void endLate();
@@ -76,8 +98,8 @@ private:
     const SessionOptions options;
     mutable std::mutex mutex; ///< of what endLate tells
     QString current;
-    QStringList planned;
-    int done = 0;
+    std::vector<Step> steps;
+    QString doubtfully;
 
     ombrix_sdk::ISerialLink* link = nullptr;
     ombrix_sdk::ICamera* camera = nullptr;

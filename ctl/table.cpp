@@ -137,14 +137,16 @@ Status writeTable(const Request& request, Answer& answer)
     session.expectPresence();
     makeFolders();
     Lines lines(answer);
-    session.plan({QStringLiteral("table")});
-    const auto refusal = session.ask(QStringLiteral("table"), [&](auto& camera) {
-        return bpr::writeTable(camera, files, lines.log());
-    });
+    const QString table = QStringLiteral("table");
+    session.plan({table}, QStringLiteral("the camera may hold a part of it"));
+    const auto refusal = session.send(
+        table, [&](auto& camera) { return bpr::writeTable(camera, files, lines.log()); });
     if (refusal) {
+        if (!refusal->isCameras) {
+            session.settle(table, Step::Fate::NotSent);
+        }
         return refuse(session, *refusal, answer);
     }
-    session.stepDone();
     return Status::Done;
 }
 

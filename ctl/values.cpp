@@ -155,8 +155,9 @@ Status setParameters(const Request& request, Answer& answer)
 Status requestNuc(const Request& request, Answer& answer)
 {
     Session session(sessionOptions(request));
-    const bool done =
-        session.ask(QStringLiteral("nuc"), [](auto& camera) { return camera.requestNuc(0); }) != 0;
+    const QString nuc = QStringLiteral("nuc");
+    session.plan({nuc});
+    const bool done = session.send(nuc, [](auto& camera) { return camera.requestNuc(0); }) != 0;
     if (!done) {
         session.expectPresence();
     }

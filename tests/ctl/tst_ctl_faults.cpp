@@ -2,6 +2,7 @@
 // What goes wrong, and that nobody is left in doubt about it.
 #include "tests/ctl/program.h"
 
+#include <QtCore/QJsonArray>
 #include <QtTest/QTest>
 
 #include <csignal>
@@ -149,6 +150,49 @@ private Q_SLOTS:
         QCOMPARE(run.lines(), QStringList{QStringLiteral("gamma  = 1  differs: wanted 2")});
     }
 
+    void aValueThatTheCameraDoesNotTellIsNotGood_data()
+    {
+        QTest::addColumn<QByteArray>("plan");
+        QTest::addColumn<QString>("words");
+        QTest::addColumn<QString>("told");
+        const QByteArray limits = "[getAhcGainsLimitation]\ncalls=always\n";
+        const QByteArray shutter = "[getShutterPosition]\ncalls=always\n";
+        const QString limit =
+            QStringLiteral("ahc-black-gain-limit = not readable cannot be read back: wanted 20");
+        const QString position =
+            QStringLiteral("shutter = not readable cannot be read back: wanted closed");
+        QTest::newRow("set") << limits
+                             << QStringLiteral(
+                                    "set ahc-black-gain-limit=20 ahc-white-gain-limit=80")
+                             << limit;
+        QTest::newRow("apply") << limits << QStringLiteral("apply a.toml") << limit;
+        QTest::newRow("set shutter") << shutter << QStringLiteral("set shutter=closed") << position;
+        QTest::newRow("shutter") << shutter << QStringLiteral("shutter close") << position;
+    }
+
+    void aValueThatTheCameraDoesNotTellIsNotGood()
+    {
+        QFETCH(QByteArray, plan);
+        QFETCH(QString, words);
+        QFETCH(QString, told);
+        Machine machine;
+        QCOMPARE(machine.run("ttyUSB0 save a.toml").status, 0);
+        machine.plan(plan);
+        const Run run = machine.run(QStringLiteral("ttyUSB0 ").append(words).toLatin1());
+        QCOMPARE(run.status, 1);
+        QCOMPARE(run.lines().first().simplified(), told);
+    }
+
+    void aRefusedRateDoesNotReadAsIfTheCameraHadIt()
+    {
+        Machine machine;
+        machine.plan("[setBaudRate]\ncalls=always\n");
+        const Run run = machine.run("ttyUSB0 set camera-baud-rate=230400");
+        QCOMPARE(run.status, 1);
+        QCOMPARE(run.lines(), QStringList{QStringLiteral(
+                                  "camera-baud-rate  = as before  refused: wanted 230400")});
+    }
+
     void aCameraThatHangsUpDoesNotPassForZeros()
     {
         Machine machine;
@@ -166,10 +210,51 @@ private Q_SLOTS:
         machine.plan("[setClhe]\nhangUp=true\n");
         const Run run = machine.run("ttyUSB0 set lut-temporal-filter=2 gamma=2 clhe=5");
         QCOMPARE(run.status, 3);
-        QVERIFY2(
-            run.errors.contains(QStringLiteral("done: gamma; not done: clhe, lut-temporal-filter")),
-            qPrintable(run.errors));
+        QVERIFY2(run.errors.contains(QStringLiteral("any more; done: gamma; unknown whether done: "
+                                                    "clhe; not sent: lut-temporal-filter\n")),
+                 qPrintable(run.errors));
         QCOMPARE(machine.commandsSent().size(), 2);
+    }
+
+    void whatWasRefusedOrNotSentIsNotToldAsDone()
+    {
+        Machine machine;
+        machine.plan("[setRoiX2]\ncalls=always\n[setGms]\nhangUp=true\n");
+        const QString words =
+            QStringLiteral("ttyUSB0 set roi1-inclusive-x1=500 roi1-inclusive-x2=600 gms=4 ");
+        Run run = machine.run((words + QStringLiteral("gamma=2 --json")).toLatin1());
+        QCOMPARE(run.status, 3);
+        QVERIFY2(run.errors.endsWith(
+                     QStringLiteral("; done: gamma; refused: roi1-inclusive-x2; unknown whether "
+                                    "done: gms; not sent: roi1-inclusive-x1\n")),
+                 qPrintable(run.errors));
+        const auto list = [&](const char* key) {
+            return run.json()[QLatin1String(key)].toArray();
+        };
+        QCOMPARE(list("done"), QJsonArray{QStringLiteral("gamma")});
+        QCOMPARE(list("refused"), QJsonArray{QStringLiteral("roi1-inclusive-x2")});
+        QCOMPARE(list("unknown"), QJsonArray{QStringLiteral("gms")});
+        QCOMPARE(list("notSent"), QJsonArray{QStringLiteral("roi1-inclusive-x1")});
+    }
+
+    void aTableThatWasUnderWayMayBeThereInPart()
+    {
+        Machine machine;
+        QCOMPARE(machine.run("ttyUSB0 table read").status, 0);
+        machine.addGate();
+        machine.plan("[writeTableData]\ndelay=3600000\n");
+        const auto process =
+            machine.start(QStringLiteral("ttyUSB0 table write --yes --json --timeout=600")
+                              .split(QLatin1Char(' ')));
+        QVERIFY(machine.waitAtGate());
+        machine.ports.unplug(QStringLiteral("ttyUSB0"));
+        machine.openGate();
+        const Run run = machine.finish(*process);
+        QCOMPARE(run.status, 3);
+        QCOMPARE(run.errors, QStringLiteral("tavrelctl: the port ttyUSB0 has gone; unknown whether "
+                                            "done: table; the camera may hold a part of it\n"));
+        QCOMPARE(run.json()[QStringLiteral("unknown")].toArray(),
+                 QJsonArray{QStringLiteral("table")});
     }
 
     void aPortThatVanishesHalfWayIsTold()
@@ -185,8 +270,8 @@ private Q_SLOTS:
         machine.openGate();
         const Run run = machine.finish(*process);
         QCOMPARE(run.status, 3);
-        QVERIFY2(run.errors.contains(QStringLiteral("the port ttyUSB0 has gone; nothing was done; "
-                                                    "not done: gamma, clhe")),
+        QVERIFY2(run.errors.contains(QStringLiteral("the port ttyUSB0 has gone; unknown whether "
+                                                    "done: gamma; not sent: clhe")),
                  qPrintable(run.errors));
     }
 
@@ -196,10 +281,14 @@ private Q_SLOTS:
         machine.plan("[setGamma]\ndelay=3600000\n");
         const Run run = machine.run("ttyUSB0 set clhe=5 gamma=2 --timeout 3 --json");
         QCOMPARE(run.status, 3);
-        QVERIFY2(run.errors.contains(QStringLiteral("no answer to \"gamma\" within 3 s; nothing "
-                                                    "was done; not done: gamma, clhe")),
+        QVERIFY2(run.errors.contains(QStringLiteral("no answer to \"gamma\" within 3 s; unknown "
+                                                    "whether done: gamma; not sent: clhe\n")),
                  qPrintable(run.errors));
         QCOMPARE(run.json()[QStringLiteral("status")].toInt(), 3);
+        QCOMPARE(run.json()[QStringLiteral("unknown")].toArray(),
+                 QJsonArray{QStringLiteral("gamma")});
+        QCOMPARE(run.json()[QStringLiteral("notSent")].toArray(),
+                 QJsonArray{QStringLiteral("clhe")});
     }
 
     void aLateAnswerInTimeIsAnAnswer()
@@ -223,7 +312,7 @@ private Q_SLOTS:
         const Run run = machine.finish(*process);
         QCOMPARE(run.status, 1);
         QCOMPARE(run.errors, QStringLiteral("tavrelctl: interrupted before clhe; done: gamma; not "
-                                            "done: clhe\n"));
+                                            "sent: clhe\n"));
         QCOMPARE(machine.commandsSent(), QStringList{QStringLiteral("setGamma(131072)")});
     }
 

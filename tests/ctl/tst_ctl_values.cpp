@@ -270,6 +270,20 @@ private Q_SLOTS:
                  QStringLiteral("camera-baud-rate = 9600 cannot be read back"));
     }
 
+    void allElseIsReadBackBeforeTheCamerasOwnRateGoesOut()
+    {
+        Machine machine;
+        machine.plan("[setGamma]\nvalue=1\n");
+        const Run run = machine.run("ttyUSB0 set camera-baud-rate=9600 gamma=2");
+        QCOMPARE(run.status, 1);
+        QCOMPARE(run.lines(),
+                 (QStringList{QStringLiteral("gamma             = 1     differs: wanted 2"),
+                              QStringLiteral("camera-baud-rate  = 9600  cannot be read back")}));
+        const QStringList calls = machine.calls().filter(QStringLiteral("camera"));
+        QVERIFY2(calls.value(calls.size() - 2).contains(QStringLiteral("setBaudRate(9600, false)")),
+                 qPrintable(calls.join(QLatin1Char('\n'))));
+    }
+
     void nucAndShutterAnswer()
     {
         Machine machine;
