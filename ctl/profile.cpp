@@ -31,7 +31,7 @@ constexpr char cameraSection[] = "camera";
 [[noreturn]] void refuse(const QString& file, int line, const QString& why)
 {
     throw Failure(Status::Usage,
-                  line > 0 ? QStringLiteral("%1, line %2: %3").arg(file).arg(line).arg(why)
+                  line > 0 ? QStringLiteral("%1, line %2: %3").arg(file, QString::number(line), why)
                            : QStringLiteral("%1: %2").arg(file, why));
 }
 
@@ -206,7 +206,7 @@ QString profileText(const Origin& origin, const Values& values)
 
 QString Profile::whereabouts(std::size_t place) const
 {
-    return QStringLiteral("%1, line %2").arg(file).arg(lines[place]);
+    return QStringLiteral("%1, line %2").arg(file, QString::number(lines[place]));
 }
 
 Profile readProfile(const QString& file)

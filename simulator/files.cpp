@@ -51,8 +51,9 @@ QString setAside(const QString& path)
 {
     constexpr int mostNames = 1000;
     for (int number = 1; number <= mostNames; ++number) {
-        const QString name = number == 1 ? QStringLiteral("%1.damaged").arg(path)
-                                         : QStringLiteral("%1.damaged-%2").arg(path).arg(number);
+        const QString name =
+            number == 1 ? QStringLiteral("%1.damaged").arg(path)
+                        : QStringLiteral("%1.damaged-%2").arg(path, QString::number(number));
         if (!QFileInfo::exists(name)) {
             return QFile::rename(path, name) ? name : QString();
         }

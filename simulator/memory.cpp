@@ -190,12 +190,12 @@ void Memory::saveConfiguration(const ConfigurationValues& values)
 
 QString Memory::cameraFile(std::uint32_t serialNumber) const
 {
-    return QStringLiteral("%1/camera-%2.ini").arg(folder).arg(serialNumber);
+    return QStringLiteral("%1/camera-%2.ini").arg(folder, QString::number(serialNumber));
 }
 
 QString Memory::tableFile(std::uint32_t serialNumber) const
 {
-    return QStringLiteral("%1/camera-%2.table").arg(folder).arg(serialNumber);
+    return QStringLiteral("%1/camera-%2.table").arg(folder, QString::number(serialNumber));
 }
 
 QString Memory::configurationFile() const

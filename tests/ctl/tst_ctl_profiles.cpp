@@ -276,6 +276,29 @@ private Q_SLOTS:
         QVERIFY(machine.commandsSent().isEmpty());
     }
 
+    void aProfileIsToldByItsNameWhateverThatIs_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<QString>("told");
+        QTest::newRow("a line that is wrong")
+            << QByteArray("clhe = 30001\n")
+            << QStringLiteral("job%2Fa.toml, line 3: clhe: 30001 is out of range");
+        QTest::newRow("a line that does not fit another")
+            << QByteArray("roi1-inclusive-x1 = 481\n")
+            << QStringLiteral("job%2Fa.toml, line 3: roi1-inclusive-x1 = 481 is beyond");
+    }
+
+    void aProfileIsToldByItsNameWhateverThatIs()
+    {
+        QFETCH(QByteArray, line);
+        QFETCH(QString, told);
+        Machine machine;
+        machine.write("job%2Fa.toml", "format = 1\n[user]\n" + line + fromSuch);
+        const Run run = machine.run("ttyUSB0 apply job%2Fa.toml");
+        QCOMPARE(run.status, 2);
+        QVERIFY2(run.errors.contains(told), qPrintable(run.errors));
+    }
+
     void whatIsNoFileIsNotRead_data()
     {
         QTest::addColumn<QString>("file");

@@ -126,6 +126,27 @@ private Q_SLOTS:
         QVERIFY(scene.exists(QStringLiteral("elsewhere/camera-20417.ini")));
     }
 
+    void aFolderKeepsWhateverItsName()
+    {
+        const QByteArray settings = "[simulator]\nmemory=job%2Fx/%1 %3\n";
+        Scene scene(settings);
+        change(scene.camera());
+        scene.restart();
+        compareKept(scene.camera());
+        // A damaged file keeps its name, too.
+        const QString file = QStringLiteral("job%2Fx/%1 %3/camera-20417.ini");
+        for (const char* const damaged : {".damaged", ".damaged-2"}) {
+            scene.write(file, "rubbish");
+            scene.restart();
+            QCOMPARE(scene.read(file + QLatin1String(damaged)), QByteArray("rubbish"));
+        }
+        scene.sdk().initialize();
+        QVERIFY(scene.newLog().contains(
+            QStringLiteral("notice   settings: ") + scene.path(QStringLiteral("simulator.ini")) +
+            QStringLiteral("; memory: ") + scene.path(QStringLiteral("job%2Fx/%1 %3")) +
+            QStringLiteral("; plan: none; seed: 1")));
+    }
+
     void aStartIsCountedOncePerProcessAndPowerCycle()
     {
         Scene scene(withMemory);
