@@ -1,21 +1,62 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/files.h"
 
-#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
 
+#include <filesystem>
+#include <system_error>
+
 namespace simulator {
+namespace {
+
+bool isNamedPipe(const QString& path)
+{
+    std::error_code noFile;
+    // What a pipe that is open already has for a name leads to no file.
+    return std::filesystem::is_fifo(path.toStdU16String(), noFile) &&
+           !QFileInfo(path).canonicalFilePath().isEmpty();
+}
+
+} // namespace
 
 QString pathFromBytes(const std::string& path)
 {
     return QFile::decodeName(QByteArray::fromStdString(path));
 }
 
+QString reasonAgainstOpening(const QString& path)
+{
+    if (path.isEmpty()) {
+        return QStringLiteral("no file is named");
+    }
+    if (QFileInfo(path).isDir()) {
+        return QStringLiteral("it is a folder");
+    }
+    return isNamedPipe(path) ? QStringLiteral("it is a named pipe") : QString();
+}
+
+bool openForAppending(QFile& file, QString* reason)
+{
+    *reason = reasonAgainstOpening(file.fileName());
+    if (!reason->isEmpty()) {
+        return false;
+    }
+    // A device or pipe has no end, and Qt says on standard error that it looked for one.
+    const QFileInfo info(file.fileName());
+    const bool hasEnd = info.isFile() || !info.exists();
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text |
+                   (hasEnd ? QIODevice::Append : QIODevice::NotOpen))) {
+        *reason = file.errorString();
+        return false;
+    }
+    return true;
+}
+
 std::optional<QByteArray> readFile(const QString& path, qint64 size, QString* reason)
 {
-    if (QFileInfo(path).isDir()) {
-        *reason = QStringLiteral("it is a folder");
+    *reason = reasonAgainstOpening(path);
+    if (!reason->isEmpty()) {
         return std::nullopt;
     }
     QFile file(path);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Reading and writing whole files.
+// Opening, reading and writing files.
 #pragma once
 
 #include <QtCore/QByteArray>
+#include <QtCore/QFile>
 #include <QtCore/QString>
 
 #include <optional>
@@ -12,6 +13,15 @@ namespace simulator {
 
 /// A path as it crosses the boundary: in the 8-bit encoding of the system.
 QString pathFromBytes(const std::string& path);
+
+/// Why the path must not be opened as a file, or an empty text: it is a folder, or a named pipe,
+/// where nobody might be at the other end for ever. A pipe that is open already, as /dev/stdin may
+/// be, is as good as a file.
+QString reasonAgainstOpening(const QString& path);
+
+/// Opens a text file for writing behind what it holds; it is made if missing. False and the reason
+/// when it cannot be opened.
+bool openForAppending(QFile& file, QString* reason);
 
 /// The content of a file that must hold exactly this many bytes, or nothing and the reason.
 std::optional<QByteArray> readFile(const QString& path, qint64 size, QString* reason);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/ini.h"
 
+#include "simulator/files.h"
+
 #include <QtCore/QFile>
 
 #include <algorithm>
@@ -35,7 +37,7 @@ QString quoted(const QString& text)
 IniFile::IniFile(QString filePath) : path(std::move(filePath))
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!reasonAgainstOpening(path).isEmpty() || !file.open(QIODevice::ReadOnly)) {
         report(0, QStringLiteral("there is no such file, or it cannot be read"));
         return;
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/journal.h"
 
+#include "simulator/files.h"
+
 namespace simulator {
 
 QString journalText(const std::string& text)
@@ -25,10 +27,12 @@ QString Journal::setFile(const QString& path)
         return {};
     }
     file.setFileName(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
-        return file.errorString();
+    QString reason;
+    if (openForAppending(file, &reason) && file.size() > 0 && !file.resize(0)) {
+        reason = file.errorString();
+        file.close();
     }
-    return {};
+    return reason;
 }
 
 void Journal::write(const JournalEntry& entry)

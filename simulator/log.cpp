@@ -2,6 +2,7 @@
 #include "simulator/log.h"
 
 #include "sdk/ombrix_sdk.h"
+#include "simulator/files.h"
 
 #include <QtCore/QDateTime>
 
@@ -38,9 +39,9 @@ void Log::setFile(const QString& path)
         return;
     }
     file.setFileName(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text)) {
-        problem(QStringLiteral("log file %1: %2; logging to standard error")
-                    .arg(path, file.errorString()));
+    QString reason;
+    if (!openForAppending(file, &reason)) {
+        problem(QStringLiteral("log file %1: %2; logging to standard error").arg(path, reason));
     }
 }
 
@@ -60,7 +61,9 @@ void Log::problems(const QStringList& texts)
         write("problem", text.toUtf8(), true);
     }
     if (strict && !texts.isEmpty()) {
-        // At once: no destructor of a program that is half started may run.
+        // At once: no destructor of a program that is half started may run. What the program has
+        // said is not lost.
+        std::fflush(nullptr);
         constexpr int wrongInput = 2;
         std::_Exit(wrongInput);
     }

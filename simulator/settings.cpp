@@ -60,7 +60,7 @@ QString findFile()
         return QFileInfo(named).absoluteFilePath();
     }
     const QFileInfo here(QStringLiteral("simulator.ini"));
-    return here.exists() ? here.absoluteFilePath() : QString();
+    return here.exists() || here.isSymLink() ? here.absoluteFilePath() : QString();
 }
 
 /// A path in the settings file counts from the file's own folder.

@@ -45,6 +45,7 @@ int main(int argc, char* argv[])
         const std::filesystem::path plan = std::getenv("TAVREL_SIMULATOR_PLAN");
         std::filesystem::remove(plan);
         std::filesystem::copy_file(argv[1], plan);
+        std::cout << "the plan is another one\n";
     }
     camera->setGamma(camera->getGamma() + 1);
     ombrix_sdk::Zoom zoom{2.5F, 1, 2, 1};

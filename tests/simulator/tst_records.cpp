@@ -1,59 +1,20 @@
 // SPDX-License-Identifier: MIT
 // What the simulator writes down: the log of the SDK and the journal of the calls.
+#include "tests/simulator/program.h"
 #include "tests/simulator/scene.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QProcess>
-#include <QtCore/QRegularExpression>
 #include <QtTest/QTest>
 
 #include <cmath>
 
 using ombrix_sdk::ICamera;
+using program::Output;
+using program::run;
+using program::withoutTime;
 using scene::Scene;
 
 namespace {
-
-struct Output {
-    int exitCode = -1;
-    QStringList standardOutput;
-    QStringList standardError;
-};
-
-/// Runs a program of its own in the scene's directory with additional variables.
-Output run(const QStringList& variables = {}, const QStringList& arguments = {})
-{
-    QProcess process;
-    QStringList environment = QProcess::systemEnvironment();
-    for (const QString& line : QStringList(environment)) {
-        if (line.startsWith(QStringLiteral("TAVREL_SIMULATOR_"))) {
-            environment.removeAll(line);
-        }
-    }
-    process.setEnvironment(environment + variables);
-    process.start(QStringLiteral(TAVREL_PROBE), arguments);
-    Output output;
-    if (process.waitForFinished()) {
-        output = {process.exitCode(), scene::linesOf(process.readAllStandardOutput()),
-                  scene::linesOf(process.readAllStandardError())};
-    }
-    return output;
-}
-
-const QString timeAndMark =
-    QStringLiteral("\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3} \\[simulated SDK\\] ");
-
-QStringList withoutTime(QStringList lines)
-{
-    static const QRegularExpression head(QLatin1Char('^') + timeAndMark);
-    for (QString& line : lines) {
-        if (!head.match(line).hasMatch()) {
-            line.prepend(QStringLiteral("without time and mark: "));
-        }
-        line.remove(head);
-    }
-    return lines;
-}
 
 const QStringList recordsOfTheProbe = {
     QStringLiteral("startup  QT Version 5.15"), QStringLiteral("event    first"),
@@ -239,6 +200,8 @@ private Q_SLOTS:
         const Output output = run(variables, {QStringLiteral("wrong.ini")});
         QCOMPARE(output.exitCode, 2);
         QVERIFY(output.standardError.last().contains(QStringLiteral("plan.ini:2: ")));
+        // What the program has said until then is not lost.
+        QCOMPARE(output.standardOutput, QStringList(QStringLiteral("the plan is another one")));
     }
 
     void withoutMistakesAStrictProgramRunsOn_data()

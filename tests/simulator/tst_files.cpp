@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+// What the simulator does to files that are none: pipes, devices, links that lead nowhere.
+#include "simulator/control.h"
+#include "tests/simulator/program.h"
+#include "tests/simulator/scene.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtTest/QTest>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using program::Output;
+using program::run;
+using program::withoutTime;
+using scene::Scene;
+
+namespace {
+
+const QString strict = QStringLiteral("TAVREL_SIMULATOR_STRICT=1");
+
+void makePipe(const QString& name)
+{
+    if (::mkfifo(QFile::encodeName(name).constData(), S_IRUSR | S_IWUSR) != 0) {
+        qFatal("no pipe %s", qPrintable(name));
+    }
+}
+
+} // namespace
+
+class TestFiles : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    // ---- pipes
+
+    void aNamedPipeInPlaceOfAFileIsToldAndNobodyWaitsForIt_data()
+    {
+        QTest::addColumn<QString>("variable");
+        QTest::addColumn<QString>("told"); // %1: the scene's folder
+        const auto row = [](const char* name, const char* variable, const char* told) {
+            QTest::newRow(name) << QStringLiteral("TAVREL_SIMULATOR_") + QLatin1String(variable)
+                                << QString::fromLatin1(told);
+        };
+        row("settings", "SETTINGS=pipe", "%1/pipe: there is no such file, or it cannot be read");
+        row("plan", "PLAN=pipe", "%1/pipe: there is no such file, or it cannot be read");
+        row("log", "LOG=pipe", "log file %1/pipe: it is a named pipe; logging to standard error");
+        row("journal", "JOURNAL=pipe", "journal %1/pipe: it is a named pipe; there is none");
+        row("by a link", "JOURNAL=link", "journal %1/link: it is a named pipe; there is none");
+        row("a camera's table", "SETTINGS=table.ini",
+            "%1/table.ini:2: [camera] tableFile: \"pipe\" is no table region: it is a named pipe; "
+            "the factory's bad pixels are used");
+        row("a plan's table", "PLAN=table.plan",
+            "%1/table.plan:2: [readTableData] table: \"pipe\" is no table region: it is a named "
+            "pipe; the section does nothing");
+    }
+
+    void aNamedPipeInPlaceOfAFileIsToldAndNobodyWaitsForIt()
+    {
+        QFETCH(QString, variable);
+        QFETCH(QString, told);
+        Scene scene;
+        makePipe(QStringLiteral("pipe"));
+        QVERIFY(QFile::link(QStringLiteral("pipe"), QStringLiteral("link")));
+        scene.write(QStringLiteral("table.ini"), "[camera]\ntableFile=pipe\n");
+        scene.write(QStringLiteral("table.plan"), "[readTableData]\ntable=pipe\n");
+        const QString problem = QStringLiteral("problem  ") + told.arg(QDir::currentPath());
+        const Output output = run({variable});
+        QCOMPARE(output.exitCode, 0);
+        QVERIFY2(withoutTime(output.standardError).contains(problem),
+                 qPrintable(output.standardError.join(QLatin1Char('\n'))));
+        const Output ended = run({variable, strict});
+        QCOMPARE(ended.exitCode, 2);
+        QCOMPARE(withoutTime(ended.standardError), QStringList(problem));
+    }
+
+    void aFaultWithANamedPipeAsItsTableIsRefused()
+    {
+        Scene scene;
+        makePipe(QStringLiteral("pipe"));
+        const ombrix_simulator::Answer answer =
+            ombrix_simulator::putFault("[readTableData]\ntable=pipe\n");
+        QVERIFY(!answer.done);
+        QVERIFY2(answer.text.find("\"pipe\" is no table region: it is a named pipe") !=
+                     std::string::npos,
+                 answer.text.c_str());
+    }
+
+    void aPipeThatIsOpenAlreadyIsReadLikeAFile_data()
+    {
+        QTest::addColumn<QString>("variable");
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("settings") << QStringLiteral("TAVREL_SIMULATOR_SETTINGS")
+                                  << QByteArray("[camera]\ngamma=2\n");
+        QTest::newRow("plan") << QStringLiteral("TAVREL_SIMULATOR_PLAN")
+                              << QByteArray("[getGamma]\nvalue=131072\n");
+    }
+
+    void aPipeThatIsOpenAlreadyIsReadLikeAFile()
+    {
+        QFETCH(QString, variable);
+        QFETCH(QByteArray, content);
+        Scene scene;
+        int ends[2];
+        QCOMPARE(::pipe(ends), 0);
+        QCOMPARE(::write(ends[1], content.constData(), static_cast<size_t>(content.size())),
+                 static_cast<ssize_t>(content.size()));
+        ::close(ends[1]);
+        const Output output = run({variable + QStringLiteral("=/dev/fd/%1").arg(ends[0]), strict,
+                                   QStringLiteral("TAVREL_SIMULATOR_JOURNAL=journal.txt")});
+        ::close(ends[0]);
+        QCOMPARE(output.exitCode, 0);
+        QVERIFY(scene.journal().filter(QStringLiteral("getGamma() = 131072")).size() == 1);
+    }
+
+    // ---- devices
+
+    void aDeviceAsLogIsWrittenToWithoutAnyOtherWord_data()
+    {
+        QTest::addColumn<QString>("log");
+        QTest::addColumn<bool>("isStandardOutput");
+        QTest::newRow("nowhere") << QStringLiteral("/dev/null") << false;
+        QTest::newRow("standard output") << QStringLiteral("/dev/stdout") << true;
+    }
+
+    void aDeviceAsLogIsWrittenToWithoutAnyOtherWord()
+    {
+        QFETCH(QString, log);
+        QFETCH(bool, isStandardOutput);
+        Scene scene;
+        const Output output = run({QStringLiteral("TAVREL_SIMULATOR_LOG=") + log, strict});
+        QCOMPARE(output.exitCode, 0);
+        QCOMPARE(output.standardError, QStringList());
+        QCOMPARE(withoutTime(output.standardOutput).contains(QStringLiteral("event    first")),
+                 isStandardOutput);
+    }
+
+    void aTableFileWithoutANameIsToldWithoutAnyOtherWord()
+    {
+        Scene scene;
+        scene.write(QStringLiteral("simulator.ini"), "[camera]\ntableFile=\n");
+        const Output output = run({strict});
+        QCOMPARE(withoutTime(output.standardError),
+                 QStringList(QStringLiteral("problem  %1:2: [camera] tableFile: \"\" is no table "
+                                            "region: no file is named; the factory's bad pixels "
+                                            "are used")
+                                 .arg(scene.path(QStringLiteral("simulator.ini")))));
+    }
+
+    // ---- links
+
+    void settingsThatAreALinkToNowhereAreTold()
+    {
+        Scene scene;
+        QVERIFY(QFile::link(QStringLiteral("none.ini"), QStringLiteral("simulator.ini")));
+        const QString problem =
+            QStringLiteral("problem  %1: there is no such file, or it cannot be read")
+                .arg(scene.path(QStringLiteral("simulator.ini")));
+        const Output output = run();
+        QCOMPARE(output.exitCode, 0);
+        QCOMPARE(withoutTime(output.standardError).value(0), problem);
+        const Output ended = run({strict});
+        QCOMPARE(ended.exitCode, 2);
+        QCOMPARE(withoutTime(ended.standardError), QStringList(problem));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestFiles)
+#include "tst_files.moc"
