@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/commandline.h"
 #include "app/mainwindow.h"
+#include "app/platform.h"
 
 #include <QtCore/QLibraryInfo>
 #include <QtCore/QVersionNumber>
@@ -25,6 +26,8 @@ void announce(const char* what, const std::string& value)
 
 int main(int argc, char* argv[])
 {
+    // What is announced below must not reach a camera's port.
+    tavrel::platform::holdStandardStreams();
     if (const std::optional<int> status = tavrel::answerCommandLine(argc, argv)) {
         return *status;
     }

@@ -16,6 +16,7 @@
 #    include <system_error>
 #    include <thread>
 
+#    include <fcntl.h>
 #    include <unistd.h>
 #endif
 
@@ -36,7 +37,6 @@ BOOL WINAPI interrupt(DWORD event)
 extern "C" void interrupt(int)
 {
     interrupted = true;
-    std::signal(SIGINT, SIG_DFL);
 }
 #endif
 
@@ -83,6 +83,11 @@ bool isTerminal(Stream stream)
     return _isatty(_fileno(fileOf(stream))) != 0;
 }
 
+void holdStandardStreams()
+{
+    // A file's number is nothing by which the system or another library reaches a port here.
+}
+
 void takeInterruptions()
 {
     SetConsoleCtrlHandler(&interrupt, TRUE);
@@ -112,9 +117,34 @@ bool isTerminal(Stream stream)
     return ::isatty(::fileno(fileOf(stream))) != 0;
 }
 
+void holdStandardStreams()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(stream, F_GETFD) == -1) {
+            // It gets the lowest number that is free, which is this one; and it is opened for the
+            // other direction, so that nothing passes for read or written.
+            ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+        }
+    }
+}
+
 void takeInterruptions()
 {
-    std::signal(SIGINT, &interrupt);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction before {};
+        ::sigaction(signal, nullptr, &before);
+        if (before.sa_handler == SIG_IGN) {
+            continue;
+        }
+        struct sigaction taken {};
+        taken.sa_handler = &interrupt;
+        // A camera's answer is not broken off. A terminal that closes tells it more than once.
+        taken.sa_flags = SA_RESTART;
+        if (signal != SIGHUP) {
+            taken.sa_flags |= static_cast<int>(SA_RESETHAND);
+        }
+        ::sigaction(signal, &taken, nullptr);
+    }
     std::signal(SIGPIPE, SIG_IGN);
 }
 

@@ -25,8 +25,13 @@ enum class Stream { Input, Output, Errors };
 /// Whether somebody sits at the other end.
 bool isTerminal(Stream stream);
 
-/// Makes Ctrl-C a wish that wasInterrupted tells of, and a reader that has gone an error of
-/// writing. A second Ctrl-C ends the program.
+/// Keeps the numbers of standard streams that the program was started without from the next file
+/// or port that is opened. Using such a stream fails as before.
+void holdStandardStreams();
+
+/// Makes Ctrl-C, and where there are signals the end of system or terminal, a wish that
+/// wasInterrupted tells of, and a reader that has gone an error of writing. A second Ctrl-C ends
+/// the program. What the program was started to ignore stays ignored.
 void takeInterruptions();
 bool wasInterrupted();
 

@@ -53,6 +53,19 @@ bool StartedProgram::start(const QStringList& arguments)
 {
     process.setProcessEnvironment(environment);
     process.start(program, arguments);
+    return waitForWindow();
+}
+
+bool StartedProgram::startWithoutOutput()
+{
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral("/bin/sh"),
+                  {QStringLiteral("-c"), QStringLiteral("exec \"$0\" >&-"), program});
+    return waitForWindow();
+}
+
+bool StartedProgram::waitForWindow()
+{
     const auto isConstructed = [this] {
         return QDir(directory.path() + QStringLiteral("/bprBackup")).exists();
     };

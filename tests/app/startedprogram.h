@@ -26,9 +26,12 @@ public:
 
     /// Starts the program and waits until the window has been constructed.
     bool start(const QStringList& arguments = {});
+    /// The same with standard output closed, where there are descriptors.
+    bool startWithoutOutput();
     /// Starts the program without a display and waits for its end; whether it ended by itself.
     bool run(const QStringList& arguments);
     [[nodiscard]] int status() const;
+    [[nodiscard]] qint64 id() const { return process.processId(); }
     /// Everything written to standard error so far.
     QString errors();
     /// Everything written to standard output so far, in lines.
@@ -42,6 +45,7 @@ public:
     QTemporaryDir directory;
 
 private:
+    bool waitForWindow();
     void putRecordingSdkInFront();
 
     QProcess process;

@@ -78,6 +78,17 @@ private Q_SLOTS:
         QCOMPARE(program.output().filter(QRegularExpression(QStringLiteral("^log "))).size(), 2);
     }
 
+    void withoutAStandardOutputNoFileTakesItsPlace()
+    {
+#if defined(_WIN32)
+        QSKIP("files have no numbers that a stream could leave free");
+#endif
+        app::StartedProgram program;
+        QVERIFY(program.startWithoutOutput());
+        QCOMPARE(QFileInfo(QStringLiteral("/proc/%1/fd/1").arg(program.id())).symLinkTarget(),
+                 QStringLiteral("/dev/null"));
+    }
+
     void theScriptSteersTheAnswers()
     {
         app::StartedProgram program;
