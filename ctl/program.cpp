@@ -7,7 +7,6 @@
 
 #include <QtCore/QtGlobal>
 
-#include <cstdio>
 #include <optional>
 
 namespace tavrel::ctl {
@@ -20,46 +19,45 @@ bool wantsColours()
 }
 
 /// Questions of the shell and of whoever makes the manual page; no words of a user.
-std::optional<int> answerOwnQuestion(int argc, char** argv)
+std::optional<QString> answerToOwnQuestion(int argc, char** argv)
 {
     const QLatin1String question(argc > 1 ? argv[1] : "");
-    QString text;
     if (question == QLatin1String("--complete")) {
         QStringList words;
         for (int index = 2; index < argc; ++index) {
             words.append(QString::fromLocal8Bit(argv[index]));
         }
-        text = completions(words).join(QLatin1Char('\n')) + QLatin1Char('\n');
-    } else if (question == QLatin1String("--manual")) {
-        text = manualText();
-    } else {
-        return std::nullopt;
+        return completions(words).join(QLatin1Char('\n')) + QLatin1Char('\n');
     }
-    std::fputs(text.toLocal8Bit().constData(), stdout);
-    return std::fflush(stdout);
+    if (question == QLatin1String("--manual")) {
+        return manualText();
+    }
+    return std::nullopt;
 }
 
 } // namespace
 
 int runProgram(int argc, char** argv)
 {
-    if (const auto status = answerOwnQuestion(argc, argv)) {
-        return *status;
-    }
+    platform::holdStandardStreams();
     platform::takeInterruptions();
-    Request request;
     try {
-        std::variant<Request, int> asked = requestOf(argc, argv);
-        if (const int* const status = std::get_if<int>(&asked)) {
-            return *status;
+        if (const auto text = answerToOwnQuestion(argc, argv)) {
+            write(text->toLocal8Bit());
+            return static_cast<int>(Status::Done);
         }
-        request = std::get<Request>(std::move(asked));
+        const std::variant<Request, QByteArray> asked = requestOf(argc, argv);
+        if (const auto* const text = std::get_if<QByteArray>(&asked)) {
+            write(*text);
+            return static_cast<int>(Status::Done);
+        }
+        const auto& request = std::get<Request>(asked);
         Answer answer;
         const Status status = perform(request, answer);
         write(answer.text(request.json, wantsColours()));
         return static_cast<int>(status);
     } catch (const Failure& failure) {
-        complain(failure, request.json);
+        complain(failure, asksForJson(argc, argv));
         return static_cast<int>(failure.status);
     }
 }

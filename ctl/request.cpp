@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/request.h"
 
-#include "ctl/answer.h"
 #include "ctl/cli11.h"
 #include "ctl/failure.h"
 #include "ctl/grammar.h"
 #include "ui/version.h"
 
 #include <functional>
+#include <limits>
 #include <map>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -59,6 +60,20 @@ QString fromLocal(const std::string& bytes)
     return QString::fromLocal8Bit(bytes.c_str());
 }
 
+const QString hint = QStringLiteral("\nTry 'tavrelctl --help'.");
+
+/// Finds out what is no number of that kind within these limits; "nan" is within none.
+template<typename Number> CLI::Validator within(Number least, Number most, const char* wanted)
+{
+    const auto problem = [least, most, wanted](const std::string& text) {
+        Number number{};
+        const bool isWithin =
+            CLI::detail::lexical_cast(text, number) && number >= least && number <= most;
+        return isWithin ? std::string() : '"' + text + "\" is not " + wanted;
+    };
+    return {problem, std::string()};
+}
+
 /// Values on their way into a request.
 struct Parsed {
     Request request;
@@ -99,12 +114,12 @@ void addOption(CLI::App& app, const Option& option, Parsed& parsed)
         {"--timeout",
          [&] {
              app.add_option(option.name, request.timeout, option.description)
-                 ->check(CLI::Range(0.001, 86400.0));
+                 ->check(within(0.001, 86400.0, "0.001 to 86400 seconds"));
          }},
         {"--link-rate",
          [&] {
              app.add_option(option.name, parsed.linkRate, option.description)
-                 ->check(CLI::PositiveNumber);
+                 ->check(within(1, std::numeric_limits<int>::max(), "a rate above 0 baud"));
          }},
         {"--png",
          [&] {
@@ -155,7 +170,18 @@ void addTask(CLI::App& app, const Task& task, std::map<std::string, CLI::App*>& 
 
 } // namespace
 
-std::variant<Request, int> requestOf(int argc, char** argv)
+bool asksForJson(int argc, char** argv)
+{
+    // By hand, because the parser gives up at the first mistake.
+    for (int index = 1; index < argc && std::string_view(argv[index]) != "--"; ++index) {
+        if (std::string_view(argv[index]) == "--json") {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::variant<Request, QByteArray> requestOf(int argc, char** argv)
 {
     CLI::App app{"Configures Ombrix KV thermal infrared cameras on a serial port.", "tavrelctl"};
     app.fallthrough();
@@ -180,14 +206,14 @@ std::variant<Request, int> requestOf(int argc, char** argv)
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) {
-            return app.exit(error);
+            std::ostringstream text;
+            app.exit(error, text, text);
+            return QByteArray::fromStdString(text.str());
         }
-        complain(fromLocal(error.what()) + QStringLiteral("\nTry 'tavrelctl --help'."));
-        return static_cast<int>(Status::Usage);
+        throw Failure(Status::Usage, fromLocal(error.what()) + hint);
     }
     if (wanted == nullptr) {
-        complain(QStringLiteral("a command is missing\nTry 'tavrelctl --help'."));
-        return static_cast<int>(Status::Usage);
+        throw Failure(Status::Usage, QStringLiteral("a command is missing") + hint);
     }
     Request& request = parsed.request;
     request.task = QLatin1String(wanted->name);
@@ -200,12 +226,12 @@ std::variant<Request, int> requestOf(int argc, char** argv)
         request.linkRate = parsed.linkRate;
     }
     if (wanted->port == Port::Needed && request.port.isEmpty()) {
-        complain(QStringLiteral("%1 needs a port: tavrelctl PORT %1").arg(request.task));
-        return static_cast<int>(Status::Usage);
+        throw Failure(Status::Usage,
+                      QStringLiteral("%1 needs a port: tavrelctl PORT %1").arg(request.task));
     }
     if (wanted->port == Port::None && !request.port.isEmpty()) {
-        complain(QStringLiteral("%1 takes no port (\"%2\")").arg(request.task, request.port));
-        return static_cast<int>(Status::Usage);
+        throw Failure(Status::Usage,
+                      QStringLiteral("%1 takes no port (\"%2\")").arg(request.task, request.port));
     }
     return request;
 }

@@ -2,6 +2,7 @@
 // What the user asks for, as the command line says it.
 #pragma once
 
+#include <QtCore/QByteArray>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
@@ -24,7 +25,10 @@ struct Request {
     QString picture; ///< file; empty: none
 };
 
-/// The request, or the exit status when the command line is answered already (--help, a mistake).
-std::variant<Request, int> requestOf(int argc, char** argv);
+/// The request, or the text that answers the command line (--help). Throws what is wrong with it.
+std::variant<Request, QByteArray> requestOf(int argc, char** argv);
+
+/// Whether a document is asked for, right as the other words may be or not.
+bool asksForJson(int argc, char** argv);
 
 } // namespace tavrel::ctl

@@ -53,8 +53,10 @@ Status refuse(Session& session, const bpr::Refusal& refusal, Answer& answer)
     session.expectPresence();
     const QString text = bpr::withArgument(QString::fromLatin1(refusal.text), refusal.argument);
     complain(text);
+    const Status status = refusal.isCameras ? Status::Differs : Status::Usage;
     answer.json.insert(QStringLiteral("error"), text);
-    return refusal.isCameras ? Status::Differs : Status::Usage;
+    answer.json.insert(QStringLiteral("status"), static_cast<int>(status));
+    return status;
 }
 
 bpr::MapFiles filesOf(Session& session)

@@ -49,6 +49,12 @@ std::unique_ptr<QProcess> Machine::start(const QStringList& words, const QString
     return process;
 }
 
+std::unique_ptr<QProcess> Machine::startInShell(const QString& line)
+{
+    return start({QStringLiteral("-c"), line, QStringLiteral(TAVREL_CTL)},
+                 QStringLiteral("/bin/sh"));
+}
+
 Run Machine::finish(QProcess& process)
 {
     process.closeWriteChannel();

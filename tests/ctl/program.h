@@ -35,6 +35,8 @@ public:
     Run run(const QStringList& words);
     /// Starts it and leaves it running.
     std::unique_ptr<QProcess> start(const QStringList& words, const QString& program = {});
+    /// Starts a line of the shell's in which "$0" is the program.
+    std::unique_ptr<QProcess> startInShell(const QString& line);
     /// Runs the program with those streams (0 input, 1 output, 2 errors) on a terminal at which a
     /// line was typed. What it writes there is among the errors.
     Run runOnTerminal(const char* streams, const char* words, const char* typed = "");

@@ -2,6 +2,7 @@
 // What goes wrong, and that nobody is left in doubt about it.
 #include "tests/ctl/program.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QJsonArray>
 #include <QtTest/QTest>
 
@@ -9,6 +10,23 @@
 
 using ctl::Machine;
 using ctl::Run;
+
+namespace {
+
+/// Whether a signal does not simply end that process.
+bool catches(pid_t process, int signal)
+{
+    QFile file(QStringLiteral("/proc/%1/status").arg(process));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return false;
+    }
+    const QString caught = QString::fromLatin1(file.readAll())
+                               .section(QStringLiteral("SigCgt:"), 1)
+                               .section(QLatin1Char('\n'), 0, 0);
+    return ((caught.trimmed().toULongLong(nullptr, 16) >> (signal - 1)) & 1U) != 0;
+}
+
+} // namespace
 
 class TestFaults : public QObject {
     Q_OBJECT
@@ -45,7 +63,12 @@ private Q_SLOTS:
             "roi0-inclusive-x1: 0 is out of range (5 to 635 px)");
         row("ttyUSB0 set gsk=21", "gsk: 21 is out of range (0 to 20)");
         row("ttyUSB0 shutter ajar", "\"ajar\"");
-        row("ttyUSB0 info --timeout 0", "--timeout");
+        row("ttyUSB0 info --timeout 0", "--timeout: \"0\" is not 0.001 to 86400 seconds");
+        row("ttyUSB0 info --timeout nan", "--timeout: \"nan\" is not 0.001 to 86400 seconds");
+        row("ttyUSB0 info --timeout inf", "--timeout: \"inf\" is not 0.001 to 86400 seconds");
+        row("ttyUSB0 info --timeout soon", "--timeout: \"soon\" is not 0.001 to 86400 seconds");
+        row("ttyUSB0 info --link-rate 0", "--link-rate: \"0\" is not a rate above 0 baud\n");
+        row("ttyUSB0 info --link-rate 1e9", "--link-rate: \"1e9\" is not a rate above 0 baud\n");
         row("ttyUSB0 info --verbose", "--verbose");
     }
 
@@ -60,6 +83,35 @@ private Q_SLOTS:
         QVERIFY2(run.errors.startsWith(QStringLiteral("tavrelctl: ")), qPrintable(run.errors));
         QVERIFY2(run.errors.contains(told), qPrintable(run.errors));
         QVERIFY(machine.calls().filter(QStringLiteral("link")).isEmpty());
+    }
+
+    void wrongWordsAreADocumentWhereOneIsAskedFor_data()
+    {
+        QTest::addColumn<QString>("words");
+        QTest::addColumn<QString>("told");
+        const auto row = [](const char* words, const char* told) {
+            QTest::newRow(words) << QString::fromLatin1(words) << QString::fromLatin1(told);
+        };
+        row("--json", "a command is missing");
+        row("--json get", "get needs a port");
+        row("ttyUSB0 list --json", "list takes no port");
+        row("--json ttyUSB0 set", "ASSIGNMENT");
+        row("--json --timeout x ttyUSB0 get", "--timeout");
+        row("--timeout --json", "--timeout");
+        row("ttyUSB0 get gama --json", "unknown parameter \"gama\"");
+    }
+
+    void wrongWordsAreADocumentWhereOneIsAskedFor()
+    {
+        QFETCH(QString, words);
+        QFETCH(QString, told);
+        Machine machine;
+        const Run run = machine.run(words.toLatin1());
+        QCOMPARE(run.status, 2);
+        QCOMPARE(run.json()[QStringLiteral("status")].toInt(), 2);
+        const QString error = run.json()[QStringLiteral("error")].toString();
+        QVERIFY2(error.contains(told), qPrintable(error));
+        QCOMPARE(run.errors, QStringLiteral("tavrelctl: %1\n").arg(error));
     }
 
     void aPortThatDoesNotExistIsNamedWithTheOthers()
@@ -298,8 +350,17 @@ private Q_SLOTS:
         QCOMPARE(machine.run("ttyUSB0 set gamma=2 --timeout 60").status, 0);
     }
 
-    void controlCEndsBetweenTwoCommands()
+    void anInterruptionEndsBetweenTwoCommands_data()
     {
+        QTest::addColumn<int>("signal");
+        QTest::newRow("Ctrl-C") << SIGINT;
+        QTest::newRow("the system goes down") << SIGTERM;
+        QTest::newRow("the terminal is closed") << SIGHUP;
+    }
+
+    void anInterruptionEndsBetweenTwoCommands()
+    {
+        QFETCH(int, signal);
         Machine machine;
         machine.addGate();
         machine.plan("[setGamma]\ncarryOut=true\ndelay=3600000\n");
@@ -307,7 +368,7 @@ private Q_SLOTS:
                                             QStringLiteral("gamma=2"), QStringLiteral("clhe=5"),
                                             QStringLiteral("--timeout=600")});
         QVERIFY(machine.waitAtGate());
-        QCOMPARE(::kill(static_cast<pid_t>(process->processId()), SIGINT), 0);
+        QCOMPARE(::kill(static_cast<pid_t>(process->processId()), signal), 0);
         machine.openGate();
         const Run run = machine.finish(*process);
         QCOMPARE(run.status, 1);
@@ -316,32 +377,110 @@ private Q_SLOTS:
         QCOMPARE(machine.commandsSent(), QStringList{QStringLiteral("setGamma(131072)")});
     }
 
+    void anInterruptionThatWasIgnoredBeforeStaysIgnored_data()
+    {
+        QTest::addColumn<int>("signal");
+        QTest::newRow("INT") << SIGINT;
+        QTest::newRow("TERM") << SIGTERM;
+        QTest::newRow("HUP") << SIGHUP;
+    }
+
+    void anInterruptionThatWasIgnoredBeforeStaysIgnored()
+    {
+        QFETCH(int, signal);
+        Machine machine;
+        machine.addGate();
+        machine.plan("[setGamma]\ncarryOut=true\ndelay=3600000\n");
+        const auto process = machine.startInShell(
+            QStringLiteral("trap '' %1; exec \"$0\" ttyUSB0 set gamma=2 clhe=5 --timeout=600")
+                .arg(QLatin1String(QTest::currentDataTag())));
+        QVERIFY(machine.waitAtGate());
+        QCOMPARE(::kill(static_cast<pid_t>(process->processId()), signal), 0);
+        machine.openGate();
+        QCOMPARE(machine.finish(*process).status, 0);
+        QCOMPARE(machine.commandsSent().size(), 2);
+    }
+
+    void aSecondControlCEndsAtOnce()
+    {
+        Machine machine;
+        machine.addGate();
+        machine.plan("[setGamma]\ndelay=3600000\n");
+        const auto process = machine.start(
+            QStringLiteral("ttyUSB0 set gamma=2 --timeout=600").split(QLatin1Char(' ')));
+        QVERIFY(machine.waitAtGate());
+        const auto id = static_cast<pid_t>(process->processId());
+        QCOMPARE(::kill(id, SIGINT), 0);
+        QVERIFY(QTest::qWaitFor([id] { return !catches(id, SIGINT); }, 60000));
+        QCOMPARE(::kill(id, SIGINT), 0);
+        machine.finish(*process);
+        QCOMPARE(process->exitStatus(), QProcess::CrashExit);
+    }
+
     void nobodyWhoReadsIsTold()
     {
         Machine machine;
         const auto process =
-            machine.start({QStringLiteral("-c"),
-                           // The reader has gone for certain before the program begins.
-                           QStringLiteral("mkfifo gone; (cat gone; \"$0\" ttyUSB0 set gamma=2; "
-                                          "echo status $? >&2) | (exec <&-; echo >gone)"),
-                           QStringLiteral(TAVREL_CTL)},
-                          QStringLiteral("/bin/sh"));
+            // The reader has gone for certain before the program begins.
+            machine.startInShell(
+                QStringLiteral("mkfifo gone; (cat gone; \"$0\" ttyUSB0 set gamma=2; "
+                               "echo status $? >&2) | (exec <&-; echo >gone)"));
         const Run run = machine.finish(*process);
         QCOMPARE(run.errors,
                  QStringLiteral("tavrelctl: the answer could not be written\nstatus 2\n"));
         QCOMPARE(machine.commandsSent(), QStringList{QStringLiteral("setGamma(131072)")});
     }
 
-    void aFullDiskBehindTheAnswerIsTold()
+    void anAnswerThatNobodyCanTakeIsTold_data()
     {
+        QTest::addColumn<QString>("words");
+        const auto row = [](const char* words) {
+            QTest::newRow(words) << QString::fromLatin1(words);
+        };
+        row("list >/dev/full");
+        row("--help >/dev/full");
+        row("get --help >/dev/full");
+        row("--version >/dev/full");
+        row("--manual >/dev/full");
+        row("--complete '' >/dev/full");
+        row("--complete '' >&-");
+        row("list >&-");
+    }
+
+    void anAnswerThatNobodyCanTakeIsTold()
+    {
+        QFETCH(QString, words);
         Machine machine;
-        const auto process =
-            machine.start({QStringLiteral("-c"), QStringLiteral("exec \"$0\" list >/dev/full"),
-                           QStringLiteral(TAVREL_CTL)},
-                          QStringLiteral("/bin/sh"));
+        const auto process = machine.startInShell(QStringLiteral("exec \"$0\" ") + words);
         const Run run = machine.finish(*process);
         QCOMPARE(run.status, 2);
         QCOMPARE(run.errors, QStringLiteral("tavrelctl: the answer could not be written\n"));
+    }
+
+    void aClosedStreamLetsNoAnswerIntoAnotherFile_data()
+    {
+        QTest::addColumn<QString>("words");
+        QTest::addColumn<QByteArray>("plan");
+        QTest::addColumn<int>("status");
+        const QByteArray silent = "[connect]\ncalls=always\n";
+        QTest::newRow("output") << QStringLiteral("get gamma >&-") << QByteArray() << 2;
+        QTest::newRow("errors") << QStringLiteral("get gamma 2>&-") << silent << 3;
+    }
+
+    void aClosedStreamLetsNoAnswerIntoAnotherFile()
+    {
+        QFETCH(QString, words);
+        QFETCH(QByteArray, plan);
+        QFETCH(int, status);
+        Machine machine;
+        machine.plan(plan);
+        const auto process = machine.startInShell(QStringLiteral("exec \"$0\" ttyUSB0 ") + words);
+        QCOMPARE(machine.finish(*process).status, status);
+        for (const char* const file : {"log", "journal"}) {
+            const QByteArray content = machine.content(file);
+            QVERIFY2(!content.contains("gamma  = ") && !content.contains("tavrelctl: "),
+                     content.constData());
+        }
     }
 
     void helpAndVersionNeedNoCamera()

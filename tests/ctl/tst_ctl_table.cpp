@@ -83,6 +83,7 @@ private Q_SLOTS:
                  QStringLiteral("tavrelctl: BPR table not read correctly (error code = -3)\n"));
         QCOMPARE(run.json()[QStringLiteral("error")].toString(),
                  QStringLiteral("BPR table not read correctly (error code = -3)"));
+        QCOMPARE(run.json()[QStringLiteral("status")].toInt(), 1);
         QVERIFY(!QFile::exists(machine.path(working)));
     }
 
@@ -187,6 +188,9 @@ private Q_SLOTS:
         QCOMPARE(run.status, status);
         QCOMPARE(run.errors, QStringLiteral("tavrelctl: %1\n").arg(told));
         QVERIFY(run.output.startsWith(QStringLiteral("Bad pixels found ")));
+        const QJsonObject json = machine.run("ttyUSB0 table write --yes --json").json();
+        QCOMPARE(json[QStringLiteral("error")].toString(), told);
+        QCOMPARE(json[QStringLiteral("status")].toInt(), status);
     }
 
     void withoutAnyTableNothingIsWritten()
