@@ -33,11 +33,13 @@ OMBRIX_SDK_API void cyclePower();
 OMBRIX_SDK_API Answer get(const std::string& camera, const std::string& key = {});
 
 /// Changes values of the camera, all or none: lines of key=value, with the units and ranges of the
-/// settings file, which may be beyond what the camera takes from a program. The memory keeps them
-/// but for serial numbers, versions, nineHertz, mipi and temperatures, which end with the program
-/// and at restart, and for testPattern and shutterClosed, which end with the power. Refused: no
-/// such camera or key, a value of another kind or beyond its field, a serial number of another
-/// camera.
+/// settings file, which may be beyond what the camera takes from a program. The memory, which stays
+/// under the serial number of the settings, keeps them but for serial numbers, versions, nineHertz,
+/// settings file, which may be beyond what the camera takes from a program. The memory, which stays
+/// under the serial number of the settings, keeps them but for serial numbers, versions, nineHertz,
+/// mipi and temperatures, which end with the program and at restart, and for testPattern and
+/// shutterClosed, which end with the power. Refused: no such camera or key, a value of another kind
+/// or beyond its field, a serial number of another camera.
 OMBRIX_SDK_API Answer set(const std::string& camera, const std::string& values);
 
 /// Adds faults to those of the plan, and before them, all or none: the text of sections of a plan,

@@ -40,8 +40,7 @@ Device::Device(CameraSettings factorySettings, const Surroundings& around)
     : surroundings(around), factory(std::move(factorySettings)), values(factory.values),
       table(factory.table)
 {
-    if (surroundings.memory.loadCamera(get<std::uint32_t>(Parameter::serialNumber), values,
-                                       table)) {
+    if (surroundings.memory.loadCamera(nameInMemory(), values, table)) {
         count(Parameter::startups, 1);
     }
     switchOn();
@@ -93,13 +92,19 @@ void Device::count(Parameter parameter, double more)
 
 void Device::keep() const
 {
-    surroundings.memory.saveCamera(get<std::uint32_t>(Parameter::serialNumber), values);
+    surroundings.memory.saveCamera(nameInMemory(), values);
 }
 
 void Device::writeTable(const QByteArray& region)
 {
     table = region;
-    surroundings.memory.saveTable(get<std::uint32_t>(Parameter::serialNumber), table);
+    surroundings.memory.saveTable(nameInMemory(), table);
+}
+
+// The next start looks there, and what another number's files hold is another camera's.
+std::uint32_t Device::nameInMemory() const
+{
+    return as<std::uint32_t>(factory.values[static_cast<std::size_t>(Parameter::serialNumber)]);
 }
 
 float Device::temperature(Parameter parameter) const

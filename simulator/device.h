@@ -95,6 +95,8 @@ private:
     void switchOn();
     /// Writes the values to the memory.
     void keep() const;
+    /// Its serial number in the settings, whatever number it has been given since.
+    [[nodiscard]] std::uint32_t nameInMemory() const;
     [[nodiscard]] bool isNucRunning() const;
 
     Surroundings surroundings;

@@ -93,7 +93,6 @@ private Q_SLOTS:
     void whatOnlyTheMakerGivesACameraEndsWithTheProgram()
     {
         Scene scene("[simulator]\nmemory=kept\n");
-        // The number last: from then on another camera's files are meant.
         for (const char* change :
              {"sensorSerialNumber=1", "firmwareVersion=1.0.0", "fpgaVersion=1.0.0",
               "nineHertz=true", "mipi=false", "sensorTemperature=345000", "fpgaTemperature=345000",
@@ -105,6 +104,31 @@ private Q_SLOTS:
             scene.restart();
             QCOMPARE(textOf(ombrix_simulator::get("camera", key.toStdString())), made);
         }
+    }
+
+    void aCameraThatGetsAnotherNumberKeepsItsMemoryAndLeavesThatOfOthersAlone()
+    {
+        // What is kept of a camera that is not there this time.
+        Scene scene("[simulator]\nmemory=kept\n[camera]\nserialNumber=2\n");
+        QVERIFY(ombrix_simulator::set("camera", "gsk=22").done);
+        const auto writeTable = [&scene](QByteArray content) {
+            return scene.camera().writeTableData(4096, scene::regionSize, 8, content.data());
+        };
+        QCOMPARE(writeTable(QByteArray(scene::regionSize, '\x22')), ombrix_sdk::Flag{1});
+        const QByteArray values = scene.read(QStringLiteral("kept/camera-2.ini"));
+        const QByteArray region = scene.read(QStringLiteral("kept/camera-2.table"));
+        scene.restart("[simulator]\nmemory=kept\n[camera]\nserialNumber=1\n");
+        QVERIFY(ombrix_simulator::set("camera", "serialNumber=2").done);
+        QVERIFY(ombrix_simulator::set("camera", "gsk=11").done);
+        QCOMPARE(writeTable(QByteArray(scene::regionSize, '\x11')), ombrix_sdk::Flag{1});
+        QCOMPARE(textOf(ombrix_simulator::get("camera", "serialNumber")), QStringLiteral("2"));
+        QCOMPARE(scene.read(QStringLiteral("kept/camera-2.ini")), values);
+        QCOMPARE(scene.read(QStringLiteral("kept/camera-2.table")), region);
+        scene.restart();
+        QCOMPARE(textOf(ombrix_simulator::get("camera", "serialNumber")), QStringLiteral("1"));
+        QCOMPARE(scene.camera().getGsk(), 11U);
+        QCOMPARE(scene.read(QStringLiteral("kept/camera-1.table")),
+                 QByteArray(scene::regionSize, '\x11'));
     }
 
     void aRateThatWasSetCountsAtOnceAndNoOtherValueTouchesIt()
