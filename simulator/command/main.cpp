@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Works a running simulator from outside: carries one command there and its answer back.
 #include "simulator/socketaddress.h"
+#include "ui/version.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -12,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include <getopt.h>
 #include <sys/time.h>
 
 namespace {
@@ -35,7 +38,8 @@ constexpr CommandFacts commands[] = {
 
 void tellUsage(std::ostream& stream)
 {
-    stream << "usage: ombrix-simulator [--at SOCKET] COMMAND [WORD...]\n\n"
+    stream << "usage: ombrix-simulator [--at SOCKET] COMMAND [WORD...]\n"
+              "       ombrix-simulator --help | --version\n\n"
               "Works the simulated camera of a running program. SOCKET is what the program was\n"
               "given as "
            << variable << ", and that variable's value when it is not named.\n\n";
@@ -129,24 +133,49 @@ int carry(const std::string& path, const std::string& request)
 
 int main(int argc, char* argv[])
 {
-    std::vector<std::string> words(argv + 1, argv + argc);
+    enum Option { help = 'h', version = 'v', at = 'a', manual = 'm', withoutValue = ':' };
+    constexpr option options[] = {{"help", no_argument, nullptr, help},
+                                  {"version", no_argument, nullptr, version},
+                                  {"at", required_argument, nullptr, at},
+                                  {"manual", no_argument, nullptr, manual},
+                                  {}};
     const char* const named = std::getenv(variable);
     std::string path = named == nullptr ? "" : named;
-    if (words.size() == 1 && (words[0] == "--help" || words[0] == "-h")) {
-        tellUsage(std::cout);
-        return 0;
+    // Up to the command: what follows may be a negative number.
+    for (;;) {
+        const std::string word = optind < argc ? argv[optind] : "";
+        const int found = getopt_long(argc, argv, "+:hv", options, nullptr);
+        if (found == -1) {
+            break;
+        }
+        switch (found) {
+        case help:
+            tellUsage(std::cout);
+            return 0;
+        case version:
+            std::cout << tavrel::productName << ' ' << tavrel::productVersion << '\n';
+            return 0;
+        case manual:
+            tellManual();
+            return 0;
+        case at:
+            path = optarg;
+            break;
+        default:
+            return fail(misused,
+                        word + (found == withoutValue ? " names no socket" : " is no option") +
+                            "; see ombrix-simulator --help");
+        }
     }
-    if (words.size() == 1 && words[0] == "--manual") {
-        tellManual();
-        return 0;
-    }
-    if (words.size() >= 2 && words[0] == "--at") {
-        path = words[1];
-        words.erase(words.begin(), words.begin() + 2);
-    }
+    const std::vector<std::string> words(argv + optind, argv + argc);
     if (words.empty()) {
         tellUsage(std::cerr);
         return misused;
+    }
+    if (std::any_of(words.begin(), words.end(),
+                    [](const std::string& word) { return word == "--help" || word == "-h"; })) {
+        tellUsage(std::cout);
+        return 0;
     }
     if (path.empty()) {
         return fail(misused, std::string("neither --at nor ") + variable + " names a socket");

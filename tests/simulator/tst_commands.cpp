@@ -51,19 +51,24 @@ QProcessEnvironment ownEnvironment()
     return environment;
 }
 
-/// Sends a command to the simulator that listens at the socket.
-Output tell(const QString& socket, const QStringList& words)
+/// What the program says to these words.
+Output run(const QStringList& words)
 {
     QProcess process;
     process.setProcessEnvironment(ownEnvironment());
-    process.start(QStringLiteral(TAVREL_COMMAND),
-                  QStringList({QStringLiteral("--at"), socket}) + words);
+    process.start(QStringLiteral(TAVREL_COMMAND), words);
     Output output;
     if (process.waitForFinished(longest)) {
         output = {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
                   QString::fromUtf8(process.readAllStandardError())};
     }
     return output;
+}
+
+/// Sends a command to the simulator that listens at the socket.
+Output tell(const QString& socket, const QStringList& words)
+{
+    return run(QStringList({QStringLiteral("--at"), socket}) + words);
 }
 
 Output tell(const QString& socket, const char* words)
@@ -337,14 +342,71 @@ private Q_SLOTS:
     void helpAndManualTellOfEveryCommand()
     {
         for (const char* const option : {"--help", "--manual"}) {
-            QProcess process;
-            process.start(QStringLiteral(TAVREL_COMMAND), {QLatin1String(option)});
-            QVERIFY(process.waitForFinished(longest));
-            QCOMPARE(process.exitCode(), 0);
-            const QString told = QString::fromUtf8(process.readAllStandardOutput());
+            const Output output = run({QLatin1String(option)});
+            QCOMPARE(output.exitCode, 0);
 #define COMMAND(name, words, least, most, changes, what)                                           \
-    QVERIFY2(told.contains(QLatin1String(what)), #name);
+    QVERIFY2(output.standardOutput.contains(QLatin1String(what)), #name);
 #include "simulator/commands.def"
+        }
+    }
+
+    void whoeverAsksForHelpOrVersionNeedsNoSimulator_data()
+    {
+        QTest::addColumn<QString>("words");
+        QTest::addColumn<QString>("told");
+        const auto row = [](const char* words, const char* told) {
+            QTest::newRow(words) << QString::fromLatin1(words) << QString::fromLatin1(told);
+        };
+        const char* const help = "usage: ombrix-simulator ";
+        const char* const version = "Tavrel KV " TAVREL_BUILD_VERSION "\n";
+        row("--help", help);
+        row("-h", help);
+        row("--at nowhere --help", help);
+        row("--at=nowhere -h", help);
+        row("--help --at nowhere", help);
+        row("set --help", help);
+        row("--at nowhere set camera -h", help);
+        row("--version", version);
+        row("--at nowhere -v", version);
+    }
+
+    void whoeverAsksForHelpOrVersionNeedsNoSimulator()
+    {
+        QFETCH(QString, words);
+        QFETCH(QString, told);
+        const Output output = run(words.split(QLatin1Char(' ')));
+        QVERIFY2(output.standardOutput.startsWith(told), qPrintable(output.standardOutput));
+        QCOMPARE(output.standardError, QString());
+        QCOMPARE(output.exitCode, 0);
+    }
+
+    void theSocketIsNamedInEitherWay()
+    {
+        Listening simulator;
+        const QString socket = socketOf(simulator.scene);
+        QCOMPARE(run({QStringLiteral("--at=") + socket, QStringLiteral("calls"),
+                      QStringLiteral("getGsk")})
+                     .standardOutput,
+                 QStringLiteral("0\n"));
+        QCOMPARE(
+            run({QStringLiteral("--at=") + socket, QStringLiteral("advance"), QStringLiteral("-1")})
+                .exitCode,
+            1);
+    }
+
+    void anOptionThatThereIsNotIsNoCommand()
+    {
+        for (const QStringList& words :
+             {QStringList{QStringLiteral("--an"), QStringLiteral("x"), QStringLiteral("list")},
+              QStringList{QStringLiteral("-xh")}, QStringList{QStringLiteral("--at")}}) {
+            const Output output = run(words);
+            QCOMPARE(output.exitCode, 2);
+            QVERIFY2(output.standardError.startsWith(
+                         QStringLiteral("ombrix-simulator: %1 ").arg(words.constFirst())),
+                     qPrintable(output.standardError));
+            QVERIFY2(output.standardError.contains(QStringLiteral("ombrix-simulator --help")),
+                     qPrintable(output.standardError));
+            QCOMPARE(output.standardOutput, QString());
         }
     }
 
