@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <iostream>
 #include <optional>
 #include <string>
@@ -68,6 +69,19 @@ void tellManual()
     for (const CommandFacts& command : commands) {
         std::cout << ".TP\n.BI " << command.name << " \" " << command.words << "\"\n"
                   << command.what << ".\n";
+    }
+}
+
+/// The simulator may have another current directory.
+void makePathsAbsolute(std::vector<std::string>& words)
+{
+    const std::string key = "table=";
+    for (std::string& word : words) {
+        if (word.rfind(key, 0) == 0 && word.size() > key.size()) {
+            std::error_code failure;
+            const auto path = std::filesystem::absolute(word.substr(key.size()), failure);
+            word = failure ? word : key + path.string();
+        }
     }
 }
 
@@ -167,7 +181,7 @@ int main(int argc, char* argv[])
                             "; see ombrix-simulator --help");
         }
     }
-    const std::vector<std::string> words(argv + optind, argv + argc);
+    std::vector<std::string> words(argv + optind, argv + argc);
     if (words.empty()) {
         tellUsage(std::cerr);
         return misused;
@@ -179,6 +193,9 @@ int main(int argc, char* argv[])
     }
     if (path.empty()) {
         return fail(misused, std::string("neither --at nor ") + variable + " names a socket");
+    }
+    if (words[0] == "fault") {
+        makePathsAbsolute(words);
     }
     std::string request;
     for (const std::string& word : words) {

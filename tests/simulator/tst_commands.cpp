@@ -394,6 +394,28 @@ private Q_SLOTS:
             1);
     }
 
+    void theTableOfAFaultIsFoundFromWhereItsCommandIsGiven()
+    {
+        Listening simulator;
+        ICamera& camera = simulator.scene.camera();
+        const QString elsewhere = simulator.scene.path(QStringLiteral("elsewhere"));
+        QVERIFY(QDir().mkdir(elsewhere));
+        simulator.scene.write(QStringLiteral("elsewhere/t.bin"),
+                              QByteArray(scene::regionSize, '\x77'));
+        QProcess process;
+        process.setProcessEnvironment(ownEnvironment());
+        process.setWorkingDirectory(elsewhere);
+        process.start(QStringLiteral(TAVREL_COMMAND),
+                      {QStringLiteral("--at"), socketOf(simulator.scene), QStringLiteral("fault"),
+                       QStringLiteral("readTableData"), QStringLiteral("table=t.bin")});
+        QVERIFY(process.waitForFinished(longest));
+        QCOMPARE(process.readAllStandardError(), QByteArray());
+        QCOMPARE(process.exitCode(), 0);
+        QByteArray region(scene::regionSize, '\0');
+        QCOMPARE(camera.readTableData(4096, scene::regionSize, 9, region.data()), 0);
+        QCOMPARE(region, QByteArray(scene::regionSize, '\x77'));
+    }
+
     void anOptionThatThereIsNotIsNoCommand()
     {
         for (const QStringList& words :
