@@ -11,12 +11,15 @@
 #include <csignal>
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
 
 #include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 
 namespace simulator {
@@ -98,6 +101,67 @@ bool serve(Peer& peer, const Listener::Handler& handler)
     return !peer.answer.isEmpty();
 }
 
+/// What tells a file from every other one that there is.
+struct Identity {
+    dev_t device;
+    ino_t number;
+    bool operator==(const Identity&) const = default;
+};
+
+std::optional<Identity> identityOf(const char* path)
+{
+    struct stat facts {};
+    return lstat(path, &facts) == 0 ? std::optional<Identity>({facts.st_dev, facts.st_ino})
+                                    : std::nullopt;
+}
+
+/// The right to put a socket at a path or to take one away, which one process has at a time. A lock
+/// file that a killed process leaves is in nobody's way: the right ends with the process.
+class PathLock {
+public:
+    /// Waits for it.
+    explicit PathLock(const QByteArray& socketPath);
+    ~PathLock();
+    PathLock(const PathLock&) = delete;
+    PathLock& operator=(const PathLock&) = delete;
+
+    [[nodiscard]] bool isHeld() const { return file.isOpen(); }
+
+private:
+    QByteArray path;
+    Descriptor file;
+    bool isOurs = false; ///< an empty file, and no other one that has its name
+};
+
+PathLock::PathLock(const QByteArray& socketPath) : path(socketPath + ".lock")
+{
+    for (;;) {
+        Descriptor opened(
+            open(path.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
+        struct stat facts {};
+        if (!opened.isOpen() || fstat(opened.get(), &facts) != 0) {
+            return;
+        }
+        if (flock(opened.get(), LOCK_EX) != 0) {
+            if (errno != EINTR) {
+                return;
+            }
+        } else if (identityOf(path.constData()) == Identity{facts.st_dev, facts.st_ino}) {
+            isOurs = S_ISREG(facts.st_mode) && facts.st_size == 0;
+            file = std::move(opened);
+            return;
+        }
+        // Interrupted; or whoever had it before has deleted the file.
+    }
+}
+
+PathLock::~PathLock()
+{
+    if (isOurs) {
+        unlink(path.constData());
+    }
+}
+
 /// Whether the path is the socket of a process that has ended without taking it away.
 bool isLeftBehind(const SocketAddress& address)
 {
@@ -128,14 +192,20 @@ private:
 
     QByteArray path;
     Handler handler;
+    pid_t owner = getpid();
     Descriptor listener;
-    Descriptor endOfWork; ///< readable when the other end of the pipe is closed
-    Descriptor work;
+    std::optional<Identity> own; ///< of the socket at the path
+    Descriptor endOfWork;        ///< an event
     std::thread worker;
 };
 
 QString Listener::Thread::bindTo(const SocketAddress& address)
 {
+    // A socket that another simulator has bound and does not listen at yet looks left behind.
+    const PathLock lock(path);
+    if (!lock.isHeld()) {
+        return lastError();
+    }
     Descriptor opened(socket(AF_UNIX, SOCK_STREAM, 0));
     if (bind(opened.get(), address.get(), SocketAddress::size()) != 0) {
         if (errno != EADDRINUSE) {
@@ -156,6 +226,7 @@ QString Listener::Thread::bindTo(const SocketAddress& address)
         unlink(address.path());
         return reason;
     }
+    own = identityOf(address.path());
     listener = std::move(opened);
     return {};
 }
@@ -166,12 +237,10 @@ QString Listener::Thread::start()
     if (!address.isValid()) {
         return QStringLiteral("the name is too long");
     }
-    std::array<int, 2> ends{};
-    if (pipe(ends.data()) != 0) {
+    endOfWork = Descriptor(eventfd(0, 0));
+    if (!endOfWork.isOpen()) {
         return lastError();
     }
-    endOfWork = Descriptor(ends[0]);
-    work = Descriptor(ends[1]);
     QString reason = bindTo(address);
     if (!reason.isEmpty()) {
         return reason;
@@ -192,12 +261,22 @@ QString Listener::Thread::start()
 
 Listener::Thread::~Thread()
 {
-    work.reset();
+    if (getpid() != owner) {
+        // The copy of a fork has neither the thread nor a right to the socket.
+        worker.detach();
+        return;
+    }
     if (worker.joinable()) {
+        eventfd_write(endOfWork.get(), 1);
         worker.join();
     }
-    if (listener.isOpen()) {
-        unlink(SocketAddress(path.toStdString()).path());
+    if (!listener.isOpen()) {
+        return;
+    }
+    const SocketAddress address(path.toStdString());
+    const PathLock lock(path);
+    if (lock.isHeld() && own == identityOf(address.path())) {
+        unlink(address.path());
     }
 }
 

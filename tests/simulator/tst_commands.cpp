@@ -13,14 +13,19 @@
 
 #include <array>
 #include <atomic>
+#include <cstdlib>
 #include <ctime>
 #include <memory>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 
 using ombrix_sdk::ICamera;
 using scene::Scene;
@@ -88,8 +93,8 @@ struct Listening {
     Scene scene;
 };
 
-/// A program of its own that is connected and waits.
-std::unique_ptr<QProcess> waitingProgram(const QString& socket)
+/// A program of its own that will be connected and wait.
+std::unique_ptr<QProcess> startedProgram(const QString& socket)
 {
     auto process = std::make_unique<QProcess>();
     QProcessEnvironment environment = ownEnvironment();
@@ -97,10 +102,70 @@ std::unique_ptr<QProcess> waitingProgram(const QString& socket)
     process->setProcessEnvironment(environment);
     process->setProcessChannelMode(QProcess::SeparateChannels);
     process->start(QStringLiteral(TAVREL_PROBE), {QStringLiteral("--wait")});
-    while (!process->canReadLine() && process->waitForReadyRead(longest)) {
-    }
-    return process->readLine() == "connected\n" ? std::move(process) : nullptr;
+    return process;
 }
+
+/// Waits until the program is connected. False when it ends instead.
+bool isConnected(QProcess& program)
+{
+    while (!program.canReadLine() && program.waitForReadyRead(longest)) {
+    }
+    return program.readLine() == "connected\n";
+}
+
+/// A program of its own that is connected and waits.
+std::unique_ptr<QProcess> waitingProgram(const QString& socket)
+{
+    auto process = startedProgram(socket);
+    return isConnected(*process) ? std::move(process) : nullptr;
+}
+
+/// What a simulator holds while it puts its socket in its place.
+class SocketLock {
+public:
+    explicit SocketLock(const QString& socket)
+        : file(QFile::encodeName(socket + QStringLiteral(".lock"))),
+          descriptor(open(file.constData(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR))
+    {
+        flock(descriptor, LOCK_EX);
+    }
+    ~SocketLock() { giveBack(); }
+    SocketLock(const SocketLock&) = delete;
+    SocketLock& operator=(const SocketLock&) = delete;
+
+    /// Waits until all of the programs wait for it. False when one goes on instead.
+    bool isWaitedForBy(const std::vector<QProcess*>& programs) const
+    {
+        struct stat facts {};
+        fstat(descriptor, &facts);
+        const QByteArray inode = ':' + QByteArray::number(static_cast<qint64>(facts.st_ino)) + ' ';
+        std::size_t waiting = 0;
+        while (waiting < programs.size()) {
+            QFile locks(QStringLiteral("/proc/locks"));
+            locks.open(QIODevice::ReadOnly);
+            waiting = 0;
+            for (const QByteArray& line : locks.readAll().split('\n')) {
+                waiting += line.contains("->") && line.contains(inode) ? 1 : 0;
+            }
+            for (QProcess* const program : programs) {
+                if (program->waitForReadyRead(1) || program->state() == QProcess::NotRunning) {
+                    return false;
+                }
+            }
+        }
+        return true;
+    }
+    void giveBack()
+    {
+        if (descriptor >= 0) {
+            close(std::exchange(descriptor, -1));
+        }
+    }
+
+private:
+    QByteArray file;
+    int descriptor;
+};
 
 QByteArray valueTold(QProcess& program)
 {
@@ -593,6 +658,114 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(socketOf(scene)));
         second->closeWriteChannel();
         QVERIFY(second->waitForFinished(longest));
+    }
+
+    void aChildOfTheProgramThatEndsLeavesItsSocketAlone()
+    {
+        Listening simulator;
+        const pid_t child = fork();
+        if (child == 0) {
+            std::exit(0);
+        }
+        int status = -1;
+        QCOMPARE(waitpid(child, &status, 0), child);
+        QCOMPARE(status, 0);
+        QCOMPARE(simulator.tell("get camera gsk").standardOutput, QStringLiteral("6\n"));
+    }
+
+    void aChildOfTheProgramThatLivesOnDoesNotHoldItsEndUp()
+    {
+        Listening simulator;
+        std::array<int, 2> ends{};
+        QCOMPARE(pipe(ends.data()), 0);
+        const pid_t child = fork();
+        if (child == 0) {
+            close(ends[1]);
+            char byte = 0;
+            _exit(read(ends[0], &byte, 1) == 0 ? 0 : 1);
+        }
+        simulator.scene.restart("[camera]\n");
+        QVERIFY(!QFileInfo::exists(socketOf(simulator.scene)));
+        close(ends[0]);
+        close(ends[1]);
+        int status = -1;
+        QCOMPARE(waitpid(child, &status, 0), child);
+        QCOMPARE(status, 0);
+    }
+
+    void aProgramThatEndsTakesNoSocketOfAnotherAway()
+    {
+        Listening simulator;
+        const QString socket = socketOf(simulator.scene);
+        QVERIFY(QFile::remove(socket));
+        const auto next = waitingProgram(socket);
+        QVERIFY(next);
+        QCOMPARE(tell(socket, "set camera gsk=42").exitCode, 0);
+        simulator.scene.restart("[camera]\n");
+        QCOMPARE(tell(socket, "get camera gsk").standardOutput, QStringLiteral("42\n"));
+        next->closeWriteChannel();
+        QVERIFY(next->waitForFinished(longest));
+    }
+
+    void aSocketThatSomebodyIsMakingIsLeftToHim()
+    {
+        Scene scene;
+        const QString socket = socketOf(scene);
+        SocketLock lock(socket);
+        const simulator::SocketAddress address(socket.toStdString());
+        const int slow = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        QCOMPARE(bind(slow, address.get(), simulator::SocketAddress::size()), 0);
+        const auto program = startedProgram(socket);
+        QVERIFY(lock.isWaitedForBy({program.get()}));
+        QCOMPARE(listen(slow, 1), 0);
+        lock.giveBack();
+        QVERIFY(isConnected(*program));
+        QVERIFY(program->readAllStandardError().contains(": something is there already; "));
+        RawPeer peer(socket);
+        QVERIFY(peer.send("list"));
+        close(slow);
+        program->closeWriteChannel();
+        QVERIFY(program->waitForFinished(longest));
+    }
+
+    void ofSeveralProgramsAtOnceOneTakesOverTheSocketThatWasLeft()
+    {
+        Scene scene;
+        const QString socket = socketOf(scene);
+        const simulator::SocketAddress address(socket.toStdString());
+        const int left = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        QCOMPARE(bind(left, address.get(), simulator::SocketAddress::size()), 0);
+        close(left);
+        SocketLock lock(socket);
+        const std::array programs = {startedProgram(socket), startedProgram(socket),
+                                     startedProgram(socket)};
+        QVERIFY(lock.isWaitedForBy({programs[0].get(), programs[1].get(), programs[2].get()}));
+        lock.giveBack();
+        int without = 0;
+        for (const auto& program : programs) {
+            QVERIFY(isConnected(*program));
+            without += program->readAllStandardError().contains("no commands are taken") ? 1 : 0;
+        }
+        QCOMPARE(without, 2);
+        QCOMPARE(tell(socket, "get camera gsk").standardOutput, QStringLiteral("6\n"));
+        for (const auto& program : programs) {
+            program->closeWriteChannel();
+            QVERIFY(program->waitForFinished(longest));
+        }
+        // Nothing is left, not even of the lock.
+        QCOMPARE(QDir().entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot),
+                 QStringList(QStringLiteral("sdk.log")));
+    }
+
+    void aFileThatHasTheNameOfTheLockIsKept()
+    {
+        Scene scene;
+        scene.write(QStringLiteral("control.lock"), "mine");
+        Scene::setVariable("TAVREL_SIMULATOR_CONTROL", socketOf(scene));
+        scene.restart();
+        Scene::setVariable("TAVREL_SIMULATOR_CONTROL", QString());
+        scene.restart();
+        QCOMPARE(scene.read(QStringLiteral("control.lock")), QByteArray("mine"));
     }
 
     void aProgramThatWasKilledLeavesNothingInTheWay()
