@@ -77,6 +77,14 @@ struct Peer {
     QByteArray answer; ///< what of it is still to be sent; empty: the request is not complete
 };
 
+/// Whether the other side has closed altogether; whoever has but ended the request waits for the
+/// answer.
+bool hasGone(const Descriptor& socket)
+{
+    pollfd state{socket.get(), 0, 0};
+    return poll(&state, 1, 0) == 1 && (state.revents & POLLHUP) != 0;
+}
+
 /// Takes more of the request, or gives more of the answer. False when the peer is done with.
 bool serve(Peer& peer, const Listener::Handler& handler)
 {
@@ -89,6 +97,10 @@ bool serve(Peer& peer, const Listener::Handler& handler)
         peer.request.append(bytes.data(), static_cast<int>(count));
         if (count > 0 && peer.request.size() <= longestRequest) {
             return true;
+        }
+        // Somebody who was told that nobody answers does not count on its being done.
+        if (hasGone(peer.socket)) {
+            return false;
         }
         peer.answer = handler(peer.request.left(longestRequest + 1));
     }

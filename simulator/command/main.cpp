@@ -132,7 +132,9 @@ int carry(const std::string& path, const std::string& request)
     }
     const std::optional<std::string> answer = receiveAll(connection);
     if (!answer) {
-        return fail(nobodyThere, "the simulator at " + path + " does not answer");
+        return fail(nobodyThere,
+                    "the simulator at " + path +
+                        " does not answer; a command that it has not begun is dropped");
     }
     // The number of the status in a line, then the text.
     if (answer->size() < 2 || (*answer)[0] < '0' || (*answer)[0] > '2' || (*answer)[1] != '\n') {

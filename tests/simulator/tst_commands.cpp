@@ -565,6 +565,18 @@ private Q_SLOTS:
         QCOMPARE(camera.getGsk(), 11U);
     }
 
+    void whatWasAskedByOneWhoHasGoneIsNotDone()
+    {
+        Listening simulator;
+        {
+            const RawPeer peer(socketOf(simulator.scene));
+            QVERIFY(peer.send("set\ncamera\ngsk=9"));
+        }
+        // Whoever comes later is served later.
+        QCOMPARE(simulator.tell("get camera gsk").standardOutput, QStringLiteral("6\n"));
+        QCOMPARE(simulator.scene.newLog().filter(QStringLiteral("from outside")), QStringList());
+    }
+
     void whoeverFindsNoDescriptorLeftIsAnsweredLater()
     {
         Listening simulator;
