@@ -47,7 +47,7 @@ OMBRIX_SDK_API Answer set(const std::string& camera, const std::string& values);
 /// The path of a table counts from the current directory. Refused: any mistake, and the safe mode.
 OMBRIX_SDK_API Answer putFault(const std::string& sections);
 
-/// Takes the fault of a section away ("setGamma"), or all that were put; a camera that hangs
+/// Takes the fault of a section away ("setGamma"), or all that were put; a camera that hangs by it
 /// answers again. The plan's stay. Refused: no such fault.
 OMBRIX_SDK_API Answer liftFault(const std::string& section = {});
 

@@ -67,7 +67,7 @@ void Device::cyclePower()
 void Device::switchOn()
 {
     currentBaudRate = get<std::uint32_t>(Parameter::baudRate);
-    hanging = false;
+    hangingBy.clear();
     switchedOn = surroundings.clock.now();
     minutesCounted = 0;
     nucEnd = 0;

@@ -8,9 +8,11 @@
 #include "simulator/settings.h"
 
 #include <QtCore/QByteArray>
+#include <QtCore/QString>
 
 #include <cstdint>
 #include <initializer_list>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -40,9 +42,11 @@ public:
     /// Its section, serial number and ports in a line.
     [[nodiscard]] QString description() const;
 
-    /// A camera that hangs answers nothing until its power is switched off and on.
-    [[nodiscard]] bool isHanging() const { return hanging; }
-    void setHanging(bool on) { hanging = on; }
+    /// A camera that hangs answers nothing until its power is switched off and on, or until
+    /// whatever did it is over. fault: section of the one that was put; empty: the plan.
+    [[nodiscard]] bool isHanging() const { return !hangingBy.empty(); }
+    void hangUp(const QString& fault) { hangingBy.insert(fault); }
+    void endHanging(const QString& fault) { hangingBy.erase(fault); }
     /// A camera that is pulled out keeps its power and its ports, and is reached by none of them.
     [[nodiscard]] bool isPulledOut() const { return pulledOut; }
     void setPulledOut(bool on) { pulledOut = on; }
@@ -104,7 +108,7 @@ private:
     ParameterValues values;
     QByteArray table;
     std::uint32_t currentBaudRate = 0;
-    bool hanging = false;
+    std::set<QString> hangingBy; ///< faults; empty: it does not hang
     bool pulledOut = false;
     qint64 switchedOn = 0;     ///< time of the clock
     qint64 minutesCounted = 0; ///< since then

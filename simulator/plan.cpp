@@ -189,7 +189,8 @@ QStringList Plan::put(IniFile& ini)
     std::vector<Rule> more;
     const QStringList given = ini.sections();
     for (const QString& section : given) {
-        if (const std::optional<Rule> rule = readRule(ini, section)) {
+        if (std::optional<Rule> rule = readRule(ini, section)) {
+            rule->outcome.fault = section;
             more.push_back(*rule);
         }
     }

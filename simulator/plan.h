@@ -38,6 +38,7 @@ struct CallOutcome {
     bool planned = false;        ///< a rule of the plan applies to this call
     bool carryOut = true;        ///< do what was asked for
     bool hangUp = false;         ///< from this call on, no answer at all
+    QString fault;               ///< section of the fault that wants it; empty: the plan does
     bool lost = false;           ///< no answer, as long as the rule is there
     qint64 delay = 0;            ///< milliseconds before anything else happens
     std::optional<qint64> value; ///< to be answered instead

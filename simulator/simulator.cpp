@@ -2,6 +2,7 @@
 #include "simulator/simulator.h"
 
 #include "simulator/commands.h"
+#include "simulator/ini.h"
 
 #include <cstdlib>
 #include <optional>
@@ -148,7 +149,7 @@ void Simulator::followPlan()
     }
     logWriter.notice(QStringLiteral("the plan has changed: %1").arg(settings.planFile));
     logWriter.problems(plan.problems());
-    endHanging();
+    endHanging({QString()});
     if (plan.powerCycles() != powerCyclesDone) {
         powerCyclesDone = plan.powerCycles();
         logWriter.notice(QStringLiteral("the cameras' power goes off and on"));
@@ -156,10 +157,12 @@ void Simulator::followPlan()
     }
 }
 
-void Simulator::endHanging()
+void Simulator::endHanging(const QStringList& faultsThatAreOver)
 {
     for (const auto& device : devices) {
-        device->setHanging(false);
+        for (const QString& fault : faultsThatAreOver) {
+            device->endHanging(fault);
+        }
     }
 }
 
@@ -183,17 +186,22 @@ QStringList Simulator::putFaults(IniFile& ini)
     if (settings.safe) {
         return {QStringLiteral("no fault is put: safe mode")};
     }
-    return faults.put(ini);
+    QStringList problems = faults.put(ini);
+    if (problems.isEmpty()) {
+        endHanging(ini.sections());
+    }
+    return problems;
 }
 
 bool Simulator::liftFault(const QString& section)
 {
+    const QStringList lifted = section.isEmpty() ? faults.sections() : QStringList(section);
     if (section.isEmpty()) {
         faults = {};
     } else if (!faults.lift(section)) {
         return false;
     }
-    endHanging();
+    endHanging(lifted);
     return true;
 }
 
@@ -225,7 +233,7 @@ bool Simulator::reach(Device* device, std::uint32_t linkBaudRate, Operation oper
     if (device != nullptr) {
         device->passTime();
         if (outcome.hangUp) {
-            device->setHanging(true);
+            device->hangUp(outcome.fault);
         }
     }
     if (!factsOf(operation).transfer) {

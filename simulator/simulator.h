@@ -84,8 +84,8 @@ private:
     void listen();
     void followPlan();
     CallOutcome outcomeOf(const Call& call);
-    /// What the old rules broke must not outlive them.
-    void endHanging();
+    /// What rules broke must not outlive them. An empty one stands for the plan's.
+    void endHanging(const QStringList& faultsThatAreOver);
 
     Log logWriter;
     Clock timePiece;

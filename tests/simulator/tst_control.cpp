@@ -264,6 +264,53 @@ private Q_SLOTS:
         QCOMPARE(camera.getGms(), 24U);
     }
 
+    void aCameraHangsAsLongAsTheFaultThatDidIt()
+    {
+        Scene scene("[simulator]\nplan=plan.ini\n");
+        ICamera& camera = scene.camera();
+        const auto hangs = [&camera] {
+            return camera.getGms() == 0;
+        };
+        const auto put = [](const char* fault) {
+            return refusal(ombrix_simulator::putFault(fault)) == QStringLiteral("done");
+        };
+        // Another one that is put, lifted or replaced is no help.
+        QVERIFY(put("[getGsk]\nhangUp=true"));
+        QCOMPARE(camera.getGsk(), 0U);
+        QVERIFY(put("[setGsk]\nvalue=0"));
+        QVERIFY(put("[setGsk]\nvalue=1"));
+        QVERIFY(ombrix_simulator::liftFault("setGsk").done);
+        QVERIFY(hangs());
+        scene.write(QStringLiteral("plan.ini"), "[setGsk]\nvalue=0\n");
+        QVERIFY(hangs());
+        // It is when it is replaced itself.
+        QVERIFY(put("[getGsk]\nhangUp=false"));
+        QVERIFY(!hangs());
+        // Two faults, and all of them.
+        QVERIFY(put("[getGsk]\nhangUp=true"));
+        QVERIFY(put("[getGfid]\nhangUp=true"));
+        camera.getGsk();
+        camera.getGfid();
+        QVERIFY(ombrix_simulator::liftFault("getGsk").done);
+        QVERIFY(hangs());
+        QVERIFY(ombrix_simulator::liftFault().done);
+        QVERIFY(!hangs());
+        // The plan's stay.
+        scene.write(QStringLiteral("plan.ini"), "[getGsk]\nhangUp=true\n");
+        camera.getGsk();
+        QVERIFY(put("[getGsk]\nvalue=1"));
+        QVERIFY(ombrix_simulator::liftFault().done);
+        QVERIFY(hangs());
+        scene.write(QStringLiteral("plan.ini"), "[setGsk]\nvalue=0\n");
+        QVERIFY(!hangs());
+        // And power ends all.
+        QVERIFY(put("[getGsk]\nhangUp=true"));
+        camera.getGsk();
+        QVERIFY(hangs());
+        ombrix_simulator::cyclePower();
+        QVERIFY(!hangs());
+    }
+
     void aConnectionThatIsNotLostAnyMoreIsAFaultLifted()
     {
         Scene scene;
