@@ -5,6 +5,8 @@
 #include "ctl/session.h"
 #include "params/parameters.h"
 
+#include <algorithm>
+
 namespace tavrel::ctl {
 
 namespace {
@@ -31,12 +33,26 @@ QStringList commandWords(bool withPort, const QString& group)
         const QStringList name = QString::fromLatin1(task.name).split(QLatin1Char(' '));
         if (fits && group.isEmpty()) {
             words.append(name.first());
-        } else if (fits && name.size() > 1 && name.first() == group) {
+        } else if ((fits || !withPort) && name.size() > 1 && name.first() == group) {
             words.append(name.last());
         }
     }
     words.removeDuplicates();
     return words;
+}
+
+bool beginsACommand(const QString& word)
+{
+    return (commandWords(false, {}) + commandWords(true, {})).contains(word);
+}
+
+/// Whether the word behind this one belongs to it.
+bool wantsAValue(const QString& word)
+{
+    const auto all = options();
+    return std::any_of(all.begin(), all.end(), [&](const Option& option) {
+        return option.value != nullptr && word == QLatin1String(option.name);
+    });
 }
 
 QStringList optionsOf(const Task* task)
@@ -88,8 +104,7 @@ QStringList candidates(const QStringList& before, const QString& begun)
     }
     int length = 0;
     const Task* task = taskIn(before, length);
-    const bool withPort =
-        task == nullptr && !before.isEmpty() && !commandWords(false, {}).contains(before.first());
+    const bool withPort = task == nullptr && !before.isEmpty() && !beginsACommand(before.first());
     const QStringList words = before.mid(withPort ? 1 : 0);
     if (withPort) {
         task = taskIn(words, length);
@@ -133,10 +148,15 @@ QStringList completions(const QStringList& words)
 {
     QStringList before;
     // Options stand anywhere and change nothing.
+    bool isValue = false;
     for (const QString& word : words.mid(0, words.size() - 1)) {
-        if (!word.startsWith(QLatin1Char('-'))) {
+        if (!isValue && !word.startsWith(QLatin1Char('-'))) {
             before.append(word);
         }
+        isValue = !isValue && wantsAValue(word);
+    }
+    if (isValue) {
+        return {};
     }
     const QString begun = words.isEmpty() ? QString() : words.last();
     QStringList fitting;

@@ -24,7 +24,15 @@ private Q_SLOTS:
         row("ttyUSB0 s", "set save shutter");
         row("ttyUSB0 --json s", "set save shutter");
         row("ttyUSB0 table ", "read write reset");
+        row("table ", "read write reset");
+        row("table read ", "");
         row("map ", "show diff");
+        row("ttyUSB0 map ", "");
+        row("--timeout 5 ttyUSB0 ge", "get");
+        row("ttyUSB0 --link-rate 9600 get gam", "gamma");
+        row("ttyUSB0 --timeout=5 get gam", "gamma");
+        row("--timeout ", "");
+        row("map show --png ", "");
         row("ttyUSB0 get gam", "gamma");
         row("ttyUSB0 get camera-b", "");
         row("ttyUSB0 set camera-b", "camera-baud-rate=");
