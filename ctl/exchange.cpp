@@ -122,6 +122,21 @@ void expectOrder(const Values& wanted, const Values& held,
     }
 }
 
+void expectOneRate(const Values& wanted, const std::function<QString(std::size_t)>& told)
+{
+    QStringList names;
+    for (std::size_t place = 0; place < wanted.size(); ++place) {
+        if (!wanted[place] || parameters()[place].keeping != Keeping::OnlyByHand) {
+            continue;
+        }
+        names.append(QLatin1String(parameters()[place].name));
+        if (names.size() > 1) {
+            throw Failure(Status::Usage, QStringLiteral("%1: %2 cannot be sent together")
+                                             .arg(told(place), names.join(QLatin1String(" and "))));
+        }
+    }
+}
+
 std::vector<Result> exchange(Session& session, const Values& wanted, const Values& held,
                              const Values& expected)
 {

@@ -25,6 +25,9 @@ Values merged(const Values& wanted, const Values& held);
 void expectOrder(const Values& wanted, const Values& held,
                  const std::function<QString(std::size_t)>& told);
 
+/// Throws when both of the camera's own rates are wanted: it does not hear the second one.
+void expectOneRate(const Values& wanted, const std::function<QString(std::size_t)>& told);
+
 enum class Fate {
     Done,
     Refused,

@@ -131,6 +131,10 @@ Status applyProfile(const Request& request, Answer& answer)
         throw Failure(Status::Usage,
                       QStringLiteral("%1 has no camera-baud-rate").arg(profile.file));
     }
+    const auto told = [&](std::size_t place) {
+        return profile.whereabouts(place);
+    };
+    expectOneRate(expected, told);
 
     Session session(sessionOptions(request));
     const QString variant = QLatin1String(variantName(session.versions()));
@@ -139,7 +143,7 @@ Status applyProfile(const Request& request, Answer& answer)
                      .arg(profile.file, profile.variant, variant));
     }
     const Values held = session.read(commandsAround(expected));
-    expectOrder(expected, held, [&](std::size_t place) { return profile.whereabouts(place); });
+    expectOrder(expected, held, told);
 
     Values wanted(expected.size());
     for (const Difference& difference : differences(held, expected, false)) {

@@ -137,10 +137,14 @@ Status setParameters(const Request& request, Answer& answer)
         wanted[place] = understood.value;
     }
 
+    const auto told = [](std::size_t place) {
+        return QLatin1String(parameters()[place].name);
+    };
+    expectOneRate(wanted, told);
+
     Session session(sessionOptions(request));
     const Values held = session.read(commandsAround(wanted));
-    expectOrder(wanted, held,
-                [](std::size_t place) { return QLatin1String(parameters()[place].name); });
+    expectOrder(wanted, held, told);
     Values toSend = wanted;
     const std::size_t rate = frameRatePlace();
     if (wanted[rate] && wanted[rate] == held[rate]) {

@@ -208,6 +208,21 @@ private Q_SLOTS:
         QCOMPARE(run.status, 2);
     }
 
+    void twoRatesAreNotSentTogether()
+    {
+        Machine machine;
+        machine.write("a.toml", "format = 1\n[expert]\ncamera-baud-rate = 9600\n"
+                                "permanent-camera-baud-rate = 9600\n" +
+                                    fromSuch);
+        const Run run = machine.run("ttyUSB0 apply a.toml --camera-baud-rate");
+        QCOMPARE(run.status, 2);
+        QCOMPARE(run.errors,
+                 QStringLiteral("tavrelctl: a.toml, line 4: camera-baud-rate and "
+                                "permanent-camera-baud-rate cannot be sent together\n"));
+        QVERIFY(machine.calls().filter(QStringLiteral("link")).isEmpty());
+        QCOMPARE(machine.run("ttyUSB0 apply a.toml").status, 0);
+    }
+
     void anotherCameraIsNormalAndAnotherVariantGetsAWarning()
     {
         Machine machine;
