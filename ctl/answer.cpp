@@ -9,6 +9,13 @@
 
 namespace tavrel::ctl {
 
+namespace {
+
+constexpr char eraseLine[] = "\r\x1b[K";
+bool progressIsShown = false;
+
+} // namespace
+
 void Answer::table(const std::vector<QStringList>& rows)
 {
     std::vector<int> widths;
@@ -71,8 +78,24 @@ void write(const QByteArray& bytes)
     }
 }
 
+void showProgress(const QString& what)
+{
+    std::fputs((QLatin1String(eraseLine) + what).toLocal8Bit().constData(), stderr);
+    std::fflush(stderr);
+    progressIsShown = true;
+}
+
+void endProgress()
+{
+    if (progressIsShown) {
+        showProgress({});
+        progressIsShown = false;
+    }
+}
+
 void complain(const QString& text)
 {
+    endProgress();
     const QByteArray line = "tavrelctl: " + text.toLocal8Bit() + '\n';
     std::fputs(line.constData(), stderr);
 }

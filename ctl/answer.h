@@ -35,6 +35,11 @@ QJsonValue jsonOf(const Parameter& parameter, const std::optional<double>& value
 /// Writes bytes to standard output; throws when nobody takes them.
 void write(const QByteArray& bytes);
 
+/// A line on standard error that says what is being done, until the next one or the end of it.
+void showProgress(const QString& what);
+/// Erases that line where one stands; needed before anything else is written there.
+void endProgress();
+
 /// Writes a line to standard error.
 void complain(const QString& text);
 

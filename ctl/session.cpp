@@ -7,7 +7,6 @@
 #include <QtCore/QJsonArray>
 #include <QtSerialPort/QSerialPortInfo>
 
-#include <cstdio>
 #include <cstdlib>
 #include <string_view>
 #include <utility>
@@ -65,7 +64,7 @@ Session::Session(SessionOptions sessionOptions)
 Session::~Session()
 {
     close();
-    showProgress({});
+    endProgress();
 }
 
 void Session::open()
@@ -146,17 +145,10 @@ void Session::enter(const QString& what, bool isStep)
         const std::lock_guard<std::mutex> lock(mutex);
         current = what;
     }
-    showProgress(what);
-    watch.begin();
-}
-
-void Session::showProgress(const QString& what)
-{
     if (options.showsProgress) {
-        constexpr char eraseLine[] = "\r\x1b[K";
-        std::fputs((QLatin1String(eraseLine) + what).toLocal8Bit().constData(), stderr);
-        std::fflush(stderr);
+        showProgress(what);
     }
+    watch.begin();
 }
 
 void Session::endLate()
@@ -167,7 +159,6 @@ void Session::endLate()
         message =
             QStringLiteral("no answer to \"%1\" within %2").arg(current, seconds(options.timeout));
     }
-    showProgress({});
     complain(ending(Status::NoCamera, message), options.json);
     // The call that does not come back holds everything else.
     std::_Exit(static_cast<int>(Status::NoCamera));

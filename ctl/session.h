@@ -90,7 +90,6 @@ private:
     void enter(const QString& what, bool isStep = false);
     /// Why the session ends, and what has become of the plan.
     [[nodiscard]] Failure ending(Status status, QString message) const;
-    void showProgress(const QString& what);
     void close();
     [[noreturn]] void endLate();
     void open();

@@ -75,6 +75,7 @@ void expectConsent(const Request& request, const QString& question)
         throw Failure(Status::Usage,
                       question + QStringLiteral(" There is no terminal to answer at: say --yes."));
     }
+    endProgress();
     std::cerr << qPrintable(question) << " [y/N] " << std::flush;
     std::string answer;
     std::getline(std::cin, answer);

@@ -59,6 +59,8 @@ private Q_SLOTS:
         row("ttyUSB0 set clhe=1.5", "clhe: \"1.5\" is not 0 to 30000");
         row("ttyUSB0 set frame-rate=24", "frame-rate: \"24\" is not 9, 25, 30, 50 or 60 Hz");
         row("ttyUSB0 set nuc=yes", "nuc: \"yes\" is not off or on");
+        row("ttyUSB0 set camera-baud-rate=9600 permanent-camera-baud-rate=9600",
+            "camera-baud-rate and permanent-camera-baud-rate cannot be sent together");
         row("ttyUSB0 set roi0-inclusive-x1=0",
             "roi0-inclusive-x1: 0 is out of range (5 to 635 px)");
         row("ttyUSB0 set gsk=21", "gsk: 21 is out of range (0 to 20)");
@@ -539,6 +541,36 @@ private Q_SLOTS:
         const QString plain = shown("ttyUSB0 set gamma=2");
         QVERIFY2(plain.contains(QStringLiteral("refused")) && !plain.contains(QLatin1Char('\x1b')),
                  qPrintable(plain));
+    }
+
+    void whatIsToldOnATerminalHasALineOfItsOwn_data()
+    {
+        QTest::addColumn<QByteArray>("plan");
+        QTest::addColumn<QString>("words");
+        QTest::addColumn<QString>("told");
+        QTest::newRow("note") << QByteArray() << QStringLiteral("set frame-rate=50")
+                              << QStringLiteral("tavrelctl: note: ");
+        QTest::newRow("failure") << QByteArray("[connect]\ncalls=always\n")
+                                 << QStringLiteral("info") << QStringLiteral("tavrelctl: the ");
+        QTest::newRow("refusal") << QByteArray("[readTableData]\nvalue=-3\n")
+                                 << QStringLiteral("table read")
+                                 << QStringLiteral("tavrelctl: BPR");
+        QTest::newRow("question") << QByteArray() << QStringLiteral("table write")
+                                  << QStringLiteral("Write /");
+    }
+
+    void whatIsToldOnATerminalHasALineOfItsOwn()
+    {
+        QFETCH(QByteArray, plan);
+        QFETCH(QString, words);
+        QFETCH(QString, told);
+        Machine machine;
+        machine.plan(plan);
+        const Run run =
+            machine.runOnTerminal("02", QStringLiteral("ttyUSB0 ").append(words).toLatin1(), "n");
+        const QString erase = QStringLiteral("\r\x1b[K");
+        QVERIFY2(run.errors.contains(erase + told), qPrintable(run.errors));
+        QVERIFY2(run.errors.count(told) == 1, qPrintable(run.errors));
     }
 
     void aTerminalShowsWhatIsBeingAskedUntilTheAnswerIsThere()
