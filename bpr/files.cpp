@@ -82,6 +82,21 @@ void writeOver(QFile& file, const Content& content)
     flushToDisk(file);
 }
 
+bool holds(const std::string& path, const Content& content)
+{
+    QFile file;
+    if (!openForReading(file, path)) {
+        return false;
+    }
+    std::vector<char> there;
+    const bool same = content([&](const char* piece, qint64 size) {
+        there.resize(static_cast<std::size_t>(size));
+        return file.read(there.data(), size) == size &&
+               std::equal(there.begin(), there.end(), piece);
+    });
+    return same && file.atEnd();
+}
+
 /// A file that is replaced as a whole: another one is written beside it and then takes its place.
 /// The file itself is written over only where none can be made or none can take the place; where
 /// another one merely failed, by a full disk for example, the old file stays.
@@ -179,6 +194,17 @@ void writeNewMap(const cv::Mat& map, const std::string& path)
     if (file.open() && file.isNew()) {
         file.write(contentOf(map));
     }
+}
+
+bool holdsMap(const std::string& path, const cv::Mat& map)
+{
+    return holds(path, contentOf(map));
+}
+
+bool holdTheSame(const std::string& path, const std::string& otherPath)
+{
+    QFile other;
+    return openForReading(other, otherPath) && holds(path, contentOf(other));
 }
 
 } // namespace tavrel::bpr

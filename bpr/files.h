@@ -4,8 +4,9 @@
 // Paths are the system's bytes, as the SDK takes them. Only regular files, and links to them, are
 // opened. Map files are replaced as a whole: whatever interrupts a write, the old file or the new
 // one is there. Only where the folder takes no new file, or no other file can take the place, the
-// file is written over where it stands. Whether a write succeeded is not checked, as nothing can be
-// done about it that the operator would not see in the next step.
+// file is written over where it stands. A write does not tell whether it succeeded, as nothing can
+// be done about it that the operator would not see in the next step; who has to know looks at the
+// file afterwards.
 #pragma once
 
 #include <cstdint>
@@ -52,5 +53,11 @@ void writeMap(const cv::Mat& map, const std::string& path);
 /// Writes a map to a path where nothing is yet. A file that is there and only cannot be read stays
 /// as it is: a backup cannot be had a second time.
 void writeNewMap(const cv::Mat& map, const std::string& path);
+
+/// Whether a file can be read and holds exactly this map.
+bool holdsMap(const std::string& path, const cv::Mat& map);
+
+/// Whether both files can be read and hold the same.
+bool holdTheSame(const std::string& path, const std::string& otherPath);
 
 } // namespace tavrel::bpr

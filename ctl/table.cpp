@@ -8,8 +8,11 @@
 #include <QtCore/QDir>
 #include <QtCore/QJsonArray>
 
+#include <filesystem>
 #include <iostream>
 #include <string>
+#include <system_error>
+#include <vector>
 
 namespace tavrel::ctl {
 
@@ -84,12 +87,43 @@ void expectConsent(const Request& request, const QString& question)
     }
 }
 
-void expectWritten(const std::string& path)
+QString nameOf(const std::string& path)
 {
-    constexpr auto mapSize = qint64{bpr::pixelCount};
-    const QString name = QFile::decodeName(path.c_str());
-    if (QFile(name).size() != mapSize) {
-        throw Failure(Status::Usage, QStringLiteral("%1 could not be written").arg(name));
+    return QFile::decodeName(path.c_str());
+}
+
+/// What is to be told of a file that does not hold what was to be written into it.
+QString notWritten(const std::string& path)
+{
+    std::error_code error;
+    const bool isThere = std::filesystem::exists(path, error);
+    return nameOf(path) +
+           (bpr::fileExists(path) ? QStringLiteral(" could not be written and holds another map")
+            : isThere || error    ? QStringLiteral(" could not be written, or cannot be read")
+                                  : QStringLiteral(" could not be written: nothing is there"));
+}
+
+/// The files are looked at themselves, because the operations do not tell what became of a write.
+void expectMap(const std::vector<std::string>& paths, const cv::Mat& map)
+{
+    QStringList told;
+    bool allHold = true;
+    for (const std::string& path : paths) {
+        const bool holds = bpr::holdsMap(path, map);
+        allHold &= holds;
+        told.append(holds ? nameOf(path) + QStringLiteral(" holds the camera's table")
+                          : notWritten(path));
+    }
+    if (!allHold) {
+        throw Failure(Status::Usage, told.join(QLatin1String("; ")));
+    }
+}
+
+void expectBackupInPlace(const bpr::MapFiles& files)
+{
+    if (!bpr::holdTheSame(files.working(), files.backup())) {
+        throw Failure(Status::Usage, QStringLiteral("%1; %2 holds the backup")
+                                         .arg(notWritten(files.working()), nameOf(files.backup())));
     }
 }
 
@@ -123,10 +157,14 @@ Status readTable(const Request& request, Answer& answer)
     const bpr::MapFiles files = filesOf(session);
     // The table of a camera that has gone is no table.
     session.expectPresence();
+    std::vector<std::string> paths{files.working()};
+    if (!bpr::fileExists(files.backup())) {
+        paths.insert(paths.begin(), files.backup());
+    }
     Lines lines(answer);
     bpr::storeTable(read.table, files, lines.log());
-    expectWritten(files.working());
-    answer.json.insert(QStringLiteral("file"), QFile::decodeName(files.working().c_str()));
+    expectMap(paths, read.table.map);
+    answer.json.insert(QStringLiteral("file"), nameOf(files.working()));
     answer.json.insert(QStringLiteral("count"), read.table.count);
     return Status::Done;
 }
@@ -135,10 +173,17 @@ Status writeTable(const Request& request, Answer& answer)
 {
     Session session(sessionOptions(request));
     const bpr::MapFiles files = filesOf(session);
-    expectConsent(request, QStringLiteral("Write %1 to the camera on %2?")
-                               .arg(QFile::decodeName(files.working().c_str()), request.port));
+    expectConsent(
+        request,
+        QStringLiteral("Write %1 to the camera on %2?").arg(nameOf(files.working()), request.port));
     session.expectPresence();
     makeFolders();
+    if (!bpr::fileExists(files.working())) {
+        if (const auto refusal = bpr::ensureWorkingCopy(files)) {
+            return refuse(session, *refusal, answer);
+        }
+        expectBackupInPlace(files);
+    }
     Lines lines(answer);
     const QString table = QStringLiteral("table");
     session.plan({table}, QStringLiteral("the camera may hold a part of it"));
@@ -163,6 +208,7 @@ Status resetTable(const Request& request, Answer& answer)
     if (const auto refusal = bpr::resetTable(files, lines.log())) {
         return refuse(session, *refusal, answer);
     }
+    expectBackupInPlace(files);
     return Status::Done;
 }
 

@@ -88,6 +88,17 @@ Run Machine::runOnTerminal(const char* streams, const char* words, const char* t
     return finish(*process);
 }
 
+Run Machine::runWithRoomFor(int blocks, const char* words)
+{
+    const QStringList shell{
+        QStringLiteral("-c"),
+        QStringLiteral("trap '' XFSZ; ulimit -f %1; exec \"$0\" \"$@\"").arg(blocks),
+        QStringLiteral(TAVREL_CTL)};
+    const auto process = start(shell + QString::fromLatin1(words).split(QLatin1Char(' ')),
+                               QStringLiteral("/bin/sh"));
+    return finish(*process);
+}
+
 void Machine::settings(const QByteArray& ini)
 {
     write("simulator.ini", ini);

@@ -40,6 +40,8 @@ public:
     /// Runs the program with those streams (0 input, 1 output, 2 errors) on a terminal at which a
     /// line was typed. What it writes there is among the errors.
     Run runOnTerminal(const char* streams, const char* words, const char* typed = "");
+    /// Runs the program as on a disk with room for files of that many blocks of 512 bytes.
+    Run runWithRoomFor(int blocks, const char* words);
     /// Waits for its end.
     Run finish(QProcess& process);
 

@@ -19,6 +19,9 @@ constexpr int height = 480;
 constexpr char working[] = "bpr/bpr_SN20417.bin";
 constexpr char backup[] = "bprBackup/bpr_SN20417.bin";
 
+/// Less than a map takes, and enough for what the simulator keeps.
+constexpr int smallRoom = 200;
+
 QByteArray mapOf(const std::vector<std::pair<int, int>>& pixels)
 {
     QByteArray map(width * height, '\0');
@@ -26,6 +29,12 @@ QByteArray mapOf(const std::vector<std::pair<int, int>>& pixels)
         map[y * width + x] = '\1';
     }
     return map;
+}
+
+/// As the program tells it.
+QString toldName(const Machine& machine, const char* name)
+{
+    return QDir(machine.folder.path()).canonicalPath() + QLatin1Char('/') + QLatin1String(name);
 }
 
 } // namespace
@@ -57,6 +66,24 @@ private Q_SLOTS:
         QCOMPARE(run.json()[QStringLiteral("lines")].toArray().size(), 2);
         QCOMPARE(machine.content(working), map);
         QCOMPARE(machine.content(backup), mapOf({{2, 2}}));
+    }
+
+    void aFolderWhoseNameIsNoTextIsAFolder()
+    {
+        Machine machine;
+        const auto process = machine.start(
+            {QStringLiteral("-c"),
+             // Removed by the shell, because Qt cannot call it by its name.
+             QStringLiteral("name=$(printf 'x\\377'); mkdir \"$name\" && cd \"$name\" && "
+                            "\"$0\" ttyUSB0 table read && cp %1 .. && \"$0\" ttyUSB0 table reset; "
+                            "status=$?; cd .. && rm -r \"$name\"; exit $status")
+                 .arg(QLatin1String(working)),
+             QStringLiteral(TAVREL_CTL)},
+            QStringLiteral("/bin/sh"));
+        const Run run = machine.finish(*process);
+        QVERIFY2(run.status == 0, qPrintable(run.errors));
+        QCOMPARE(run.errors, QString());
+        QCOMPARE(machine.content("bpr_SN20417.bin").size(), width * height);
     }
 
     void aTableThatStallsIsAnErrorAfterATime()
@@ -109,6 +136,79 @@ private Q_SLOTS:
         run = other.run("ttyUSB0 table read");
         QCOMPARE(run.status, 2);
         QVERIFY(other.calls().filter(QStringLiteral("link")).isEmpty());
+    }
+
+    void aReadOnAFullDiskTellsThatTheOldMapIsThere()
+    {
+        Machine machine;
+        QCOMPARE(machine.run("ttyUSB0 table read").status, 0);
+        const QByteArray read = machine.content(backup);
+        machine.write(working, mapOf({{1, 1}}));
+        const Run run = machine.runWithRoomFor(smallRoom, "ttyUSB0 table read");
+        QCOMPARE(run.status, 2);
+        QCOMPARE(run.output, QString());
+        QCOMPARE(run.errors,
+                 QStringLiteral("tavrelctl: %1 could not be written and holds another map\n")
+                     .arg(toldName(machine, working)));
+        QCOMPARE(machine.content(working), mapOf({{1, 1}}));
+        QCOMPARE(machine.content(backup), read);
+        // What is there already needs no room.
+        machine.write(working, read);
+        QCOMPARE(machine.runWithRoomFor(smallRoom, "ttyUSB0 table read").status, 0);
+    }
+
+    void aBackupThatCannotBeWrittenIsTold()
+    {
+        Machine machine;
+        QVERIFY(QDir(machine.folder.path()).mkdir(QStringLiteral("bprBackup")));
+        QVERIFY(QFile::link(QStringLiteral("none/backup.bin"), machine.path(backup)));
+        Run run = machine.run("ttyUSB0 table read");
+        QCOMPARE(run.status, 2);
+        QCOMPARE(run.errors, QStringLiteral("tavrelctl: %1 could not be written: nothing is there; "
+                                            "%2 holds the camera's table\n")
+                                 .arg(toldName(machine, backup), toldName(machine, working)));
+        QCOMPARE(machine.content(working).size(), width * height);
+        QVERIFY(QFile::remove(machine.path(backup)));
+        QVERIFY(QDir(machine.folder.path()).mkpath(QLatin1String(backup)));
+        run = machine.run("ttyUSB0 table read --json");
+        QCOMPARE(run.status, 2);
+        QCOMPARE(run.json()[QStringLiteral("error")].toString(),
+                 QStringLiteral("%1 could not be written, or cannot be read; "
+                                "%2 holds the camera's table")
+                     .arg(toldName(machine, backup), toldName(machine, working)));
+    }
+
+    void aFullDiskKeepsBothMapsAtAReset()
+    {
+        Machine machine;
+        QCOMPARE(machine.run("ttyUSB0 table read").status, 0);
+        const QByteArray read = machine.content(backup);
+        machine.write(working, mapOf({{1, 1}}));
+        const Run run = machine.runWithRoomFor(smallRoom, "ttyUSB0 table reset");
+        QCOMPARE(run.status, 2);
+        QCOMPARE(run.output, QString());
+        QCOMPARE(run.errors,
+                 QStringLiteral("tavrelctl: %1 could not be written and holds another map; "
+                                "%2 holds the backup\n")
+                     .arg(toldName(machine, working), toldName(machine, backup)));
+        QCOMPARE(machine.content(working), mapOf({{1, 1}}));
+        QCOMPARE(machine.content(backup), read);
+    }
+
+    void aBackupThatFindsNoRoomBesideItIsNotSent()
+    {
+        Machine machine;
+        QCOMPARE(machine.run("ttyUSB0 table read").status, 0);
+        QVERIFY(QFile::remove(machine.path(working)));
+        machine.calls();
+        const Run run = machine.runWithRoomFor(smallRoom, "ttyUSB0 table write --yes");
+        QCOMPARE(run.status, 2);
+        QCOMPARE(run.errors, QStringLiteral("tavrelctl: %1 could not be written: nothing is there; "
+                                            "%2 holds the backup\n")
+                                 .arg(toldName(machine, working), toldName(machine, backup)));
+        const QStringList calls = machine.calls();
+        QVERIFY(calls.filter(QStringLiteral("loadBadPixelList")).isEmpty());
+        QVERIFY(calls.filter(QStringLiteral("writeTableData")).isEmpty());
     }
 
     void aTableGoesToTheCameraAndBack()
