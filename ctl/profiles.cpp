@@ -79,9 +79,7 @@ Status saveProfile(const Request& request, Answer& answer)
         }
     }
     Session session(sessionOptions(request));
-    const Origin origin{session.versions(),
-                        session.ask(QStringLiteral("serial number"),
-                                    [](auto& camera) { return camera.getSerialNumber(); }),
+    const Origin origin{session.versions(), serialNumber(session),
                         session.ask(QStringLiteral("sensor serial number"),
                                     [](auto& camera) { return camera.getSensorSerialNumber(); })};
     const Values values = session.read(wanted);

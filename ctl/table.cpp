@@ -62,12 +62,6 @@ Status refuse(Session& session, const bpr::Refusal& refusal, Answer& answer)
     return status;
 }
 
-bpr::MapFiles filesOf(Session& session)
-{
-    return bpr::MapFiles(session.ask(QStringLiteral("serial number"),
-                                     [](auto& camera) { return camera.getSerialNumber(); }));
-}
-
 /// Asks the user; throws when there is nobody to ask, or the answer is not yes.
 void expectConsent(const Request& request, const QString& question)
 {
@@ -154,9 +148,8 @@ Status readTable(const Request& request, Answer& answer)
     if (read.refusal) {
         return refuse(session, *read.refusal, answer);
     }
-    const bpr::MapFiles files = filesOf(session);
-    // The table of a camera that has gone is no table.
-    session.expectPresence();
+    // The table of a camera that has gone meanwhile is no table, so it is read before the number.
+    const bpr::MapFiles files(serialNumber(session));
     std::vector<std::string> paths{files.working()};
     if (!bpr::fileExists(files.backup())) {
         paths.insert(paths.begin(), files.backup());
@@ -172,7 +165,7 @@ Status readTable(const Request& request, Answer& answer)
 Status writeTable(const Request& request, Answer& answer)
 {
     Session session(sessionOptions(request));
-    const bpr::MapFiles files = filesOf(session);
+    const bpr::MapFiles files(serialNumber(session));
     expectConsent(
         request,
         QStringLiteral("Write %1 to the camera on %2?").arg(nameOf(files.working()), request.port));
@@ -201,8 +194,7 @@ Status writeTable(const Request& request, Answer& answer)
 Status resetTable(const Request& request, Answer& answer)
 {
     Session session(sessionOptions(request));
-    const bpr::MapFiles files = filesOf(session);
-    session.expectPresence();
+    const bpr::MapFiles files(serialNumber(session));
     makeFolders();
     Lines lines(answer);
     if (const auto refusal = bpr::resetTable(files, lines.log())) {

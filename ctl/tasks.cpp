@@ -32,6 +32,19 @@ SessionOptions sessionOptions(const Request& request)
             .showsProgress = platform::isTerminal(platform::Stream::Errors)};
 }
 
+std::uint32_t serialNumber(Session& session)
+{
+    const std::uint32_t number = session.ask(QStringLiteral("serial number"),
+                                             [](auto& camera) { return camera.getSerialNumber(); });
+    session.expectPresence();
+    // Every camera that does not tell answers 0, so their files would be one.
+    if (number == 0) {
+        throw Failure(Status::Differs, QStringLiteral("the camera does not tell its serial number; "
+                                                      "nothing was written"));
+    }
+    return number;
+}
+
 Status perform(const Request& request, Answer& answer)
 {
     for (const Row& row : rows) {

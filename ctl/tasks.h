@@ -12,6 +12,9 @@ namespace tavrel::ctl {
 /// The camera that a request names.
 SessionOptions sessionOptions(const Request& request);
 
+/// The number that a camera's files are called by; throws when the camera does not tell it.
+std::uint32_t serialNumber(Session& session);
+
 Status listPorts(const Request& request, Answer& answer);
 Status listParameters(const Request& request, Answer& answer);
 Status showInfo(const Request& request, Answer& answer);

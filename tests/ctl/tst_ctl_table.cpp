@@ -123,6 +123,37 @@ private Q_SLOTS:
         QVERIFY(QDir(machine.path("bprBackup")).isEmpty());
     }
 
+    void aCameraThatDoesNotTellItsNumberHasNoFiles_data()
+    {
+        QTest::addColumn<QString>("words");
+        QTest::newRow("read") << QStringLiteral("table read");
+        QTest::newRow("write") << QStringLiteral("table write --yes");
+        QTest::newRow("reset") << QStringLiteral("table reset");
+        QTest::newRow("profile") << QStringLiteral("save a.toml");
+    }
+
+    void aCameraThatDoesNotTellItsNumberHasNoFiles()
+    {
+        QFETCH(QString, words);
+        Machine machine;
+        for (const char* const folder : {"bpr", "bprBackup"}) {
+            QVERIFY(QDir(machine.folder.path()).mkdir(QLatin1String(folder)));
+            machine.write((QByteArray(folder) + "/bpr_SN0.bin").constData(), mapOf({{1, 1}}));
+        }
+        machine.write("a.toml", "the old one\n");
+        machine.plan("[getSerialNumber]\nvalue=0\n");
+        const Run run = machine.run(qPrintable(QStringLiteral("ttyUSB0 ") + words));
+        QCOMPARE(run.status, 1);
+        QCOMPARE(run.output, QString());
+        QCOMPARE(run.errors,
+                 QStringLiteral("tavrelctl: the camera does not tell its serial number; "
+                                "nothing was written\n"));
+        QVERIFY(machine.commandsSent().isEmpty());
+        QCOMPARE(machine.content("bpr/bpr_SN0.bin"), mapOf({{1, 1}}));
+        QCOMPARE(machine.content("bprBackup/bpr_SN0.bin"), mapOf({{1, 1}}));
+        QCOMPARE(machine.content("a.toml"), QByteArray("the old one\n"));
+    }
+
     void aMapThatCannotBeWrittenIsTold()
     {
         Machine machine;
