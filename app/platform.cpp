@@ -17,6 +17,7 @@
 #    include <thread>
 
 #    include <fcntl.h>
+#    include <poll.h>
 #    include <unistd.h>
 #endif
 
@@ -93,6 +94,12 @@ void takeInterruptions()
     SetConsoleCtrlHandler(&interrupt, TRUE);
 }
 
+bool waitForInput()
+{
+    // Reading itself ends at Ctrl-C here.
+    return !interrupted;
+}
+
 void blockThread(std::chrono::milliseconds duration)
 {
     Sleep(static_cast<DWORD>(duration.count()));
@@ -146,6 +153,18 @@ void takeInterruptions()
         ::sigaction(signal, &taken, nullptr);
     }
     std::signal(SIGPIPE, SIG_IGN);
+}
+
+bool waitForInput()
+{
+    // Reading goes on after Ctrl-C, and another thread may take the signal.
+    constexpr int pause = 100; // ms
+    pollfd input{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0};
+    int ready = 0;
+    while (ready == 0 && !interrupted) {
+        ready = ::poll(&input, 1, pause);
+    }
+    return !interrupted;
 }
 
 void blockThread(std::chrono::milliseconds duration)

@@ -35,6 +35,9 @@ void holdStandardStreams();
 void takeInterruptions();
 bool wasInterrupted();
 
+/// Waits until a line was typed; false when Ctrl-C came first.
+bool waitForInput();
+
 /// Blocks the calling thread.
 void blockThread(std::chrono::milliseconds duration);
 

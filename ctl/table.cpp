@@ -74,9 +74,15 @@ void expectConsent(const Request& request, const QString& question)
     }
     endProgress();
     std::cerr << qPrintable(question) << " [y/N] " << std::flush;
-    std::string answer;
-    std::getline(std::cin, answer);
-    if (answer != "y" && answer != "yes") {
+    std::string line;
+    if (!platform::waitForInput() || !std::getline(std::cin, line)) {
+        std::cerr << std::endl;
+    }
+    if (platform::wasInterrupted()) {
+        throw Failure(Status::Differs, QStringLiteral("interrupted; nothing was written"));
+    }
+    const QString answer = QString::fromStdString(line).trimmed().toLower();
+    if (answer != QLatin1String("y") && answer != QLatin1String("yes")) {
         throw Failure(Status::Differs, QStringLiteral("not written"));
     }
 }

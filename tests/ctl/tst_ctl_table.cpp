@@ -272,6 +272,9 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("answer");
         QTest::addColumn<int>("status");
         QTest::newRow("yes") << QByteArray("y") << 0;
+        QTest::newRow("a large yes") << QByteArray("Y") << 0;
+        QTest::newRow("a whole yes") << QByteArray("Yes") << 0;
+        QTest::newRow("more than a yes") << QByteArray("yesterday") << 1;
         QTest::newRow("no") << QByteArray("n") << 1;
         QTest::newRow("nothing") << QByteArray("") << 1;
     }
@@ -289,6 +292,19 @@ private Q_SLOTS:
             run.errors.contains(QStringLiteral("bpr_SN20417.bin to the camera on ttyUSB0? [y/N]")),
             qPrintable(run.errors));
         QCOMPARE(machine.commandsSent().size(), status == 0 ? 1 : 0);
+    }
+
+    void controlCAtTheQuestionEndsItAtOnce()
+    {
+        Machine machine;
+        machine.run("ttyUSB0 table read");
+        machine.calls();
+        const Run run = machine.runOnTerminal("02", "ttyUSB0 table write", "^C");
+        QCOMPARE(run.status, 1);
+        QVERIFY2(
+            run.errors.endsWith(QStringLiteral("tavrelctl: interrupted; nothing was written\n")),
+            qPrintable(run.errors));
+        QVERIFY(machine.commandsSent().isEmpty());
     }
 
     void whatCannotBeWrittenSaysSoInTheWindowsWords_data()
