@@ -3,14 +3,27 @@
 
 #include "bpr/storage.h"
 #include "ctl/failure.h"
+#include "ctl/replace.h"
 
+#include <QtCore/QBuffer>
 #include <QtCore/QFileInfo>
-#include <QtCore/QSaveFile>
 #include <QtGui/QImage>
 
 #include <algorithm>
 
 namespace tavrel::ctl {
+
+namespace {
+
+bool isPicture(const QString& file)
+{
+    const QByteArray beginning("\x89PNG\r\n\x1a\n");
+    QFile opened;
+    return bpr::openForReading(opened, file.toLocal8Bit().toStdString()) &&
+           opened.read(beginning.size()) == beginning;
+}
+
+} // namespace
 
 Map::Map(const QString& file)
 {
@@ -120,13 +133,18 @@ void drawMap(const Map& first, const Map* second, const QString& file)
             image.setPixel(x, y, colour(x, y));
         }
     }
-    const QFileInfo there(file);
-    QSaveFile saved(file);
-    if ((there.exists() && !there.isFile()) || !saved.open(QIODevice::WriteOnly) ||
-        !image.save(&saved, "PNG") || !saved.flush() || !saved.commit()) {
-        throw Failure(Status::Usage,
-                      file + QStringLiteral(": cannot be written; what was there is still there"));
+    // A map in its place would be lost.
+    if (QFileInfo(file).isFile() && !isPicture(file)) {
+        throw Failure(
+            Status::Usage,
+            file + QStringLiteral(": is there already and is no PNG picture; it is left as it is"));
     }
+    QBuffer content;
+    content.open(QIODevice::WriteOnly);
+    if (!image.save(&content, "PNG")) {
+        throw Failure(Status::Usage, QStringLiteral("PNG pictures cannot be made here"));
+    }
+    replaceFile(file, content.data());
 }
 
 } // namespace tavrel::ctl

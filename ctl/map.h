@@ -34,7 +34,8 @@ std::vector<std::vector<Pixel>> clustersOf(const Map& map);
 std::vector<int> badLines(const Map& map);
 std::vector<int> badColumns(const Map& map);
 
-/// Draws a map, or what differs from a second one, into a PNG file; throws when it cannot.
+/// Draws a map, or what differs from a second one, into a PNG file; throws when it cannot, or when
+/// another file than a PNG picture is there.
 /// Bad in both white; in the first only red; in the second only green.
 void drawMap(const Map& first, const Map* second, const QString& file);
 

@@ -3,14 +3,13 @@
 
 #include "bpr/storage.h"
 #include "ctl/failure.h"
+#include "ctl/replace.h"
 #include "ctl/session.h"
 #include "ctl/toml.h"
 #include "params/versiontext.h"
 #include "ui/version.h"
 
-#include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
-#include <QtCore/QSaveFile>
 
 #include <string_view>
 
@@ -224,19 +223,7 @@ Profile readProfile(const QString& file)
 
 void writeProfile(const QString& file, const Origin& origin, const Values& values)
 {
-    const QFileInfo there(file);
-    if (there.exists() && !there.isFile()) {
-        refuse(file, 0, QStringLiteral("is no file"));
-    }
-    const QByteArray text = profileText(origin, values).toUtf8();
-    QSaveFile saved(file);
-    // Flushed by itself, because its commit overlooks what finds no room then.
-    if (!saved.open(QIODevice::WriteOnly) || saved.write(text) != text.size() || !saved.flush() ||
-        !saved.commit()) {
-        refuse(file, 0,
-               QStringLiteral("cannot be written (%1); what was there is still there")
-                   .arg(saved.errorString()));
-    }
+    replaceFile(file, profileText(origin, values).toUtf8());
 }
 
 } // namespace tavrel::ctl

@@ -459,6 +459,44 @@ private Q_SLOTS:
         QCOMPARE(machine.run("map show map.bin --png none/map.png").status, 2);
         QCOMPARE(machine.run("map show map.bin --png /dev/null").status, 2);
     }
+
+    void aPictureTakesThePlaceOfPicturesOnly_data()
+    {
+        QTest::addColumn<QString>("words");
+        QTest::addColumn<QString>("picture");
+        const QString show = QStringLiteral("map show a.bin");
+        QTest::newRow("the map itself") << show << QStringLiteral("a.bin");
+        QTest::newRow("a link to the map") << show << QStringLiteral("link.png");
+        QTest::newRow("another map") << show << QStringLiteral("b.bin");
+        QTest::newRow("a text") << show << QStringLiteral("notes.png");
+        QTest::newRow("the second map")
+            << QStringLiteral("map diff a.bin b.bin") << QStringLiteral("b.bin");
+    }
+
+    void aPictureTakesThePlaceOfPicturesOnly()
+    {
+        QFETCH(QString, words);
+        QFETCH(QString, picture);
+        Machine machine;
+        machine.write("a.bin", mapOf({{1, 1}}));
+        machine.write("b.bin", mapOf({{2, 2}}));
+        machine.write("notes.png", "notes\n");
+        QVERIFY(QFile::link(QStringLiteral("a.bin"), machine.path("link.png")));
+        const Run run = machine.run(qPrintable(words + QStringLiteral(" --png ") + picture));
+        QCOMPARE(run.status, 2);
+        QCOMPARE(run.output, QString());
+        QCOMPARE(run.errors, QStringLiteral("tavrelctl: %1: is there already and is no PNG "
+                                            "picture; it is left as it is\n")
+                                 .arg(picture));
+        QCOMPARE(machine.content("a.bin"), mapOf({{1, 1}}));
+        QCOMPARE(machine.content("b.bin"), mapOf({{2, 2}}));
+        QCOMPARE(machine.content("notes.png"), QByteArray("notes\n"));
+        // A picture is replaced.
+        QCOMPARE(machine.run("map show a.bin --png map.png").status, 0);
+        const QByteArray first = machine.content("map.png");
+        QCOMPARE(machine.run("map show b.bin --png map.png").status, 0);
+        QVERIFY(machine.content("map.png") != first);
+    }
 };
 
 QTEST_GUILESS_MAIN(TestTable)
