@@ -75,7 +75,6 @@ std::vector<std::pair<Parameter, double>> readChanges(IniFile& ini, const QStrin
             changes.emplace_back(facts.parameter, *value);
         }
     }
-    ini.finish(section, keysOfACamera());
     return changes;
 }
 
@@ -130,7 +129,8 @@ Answer set(const std::string& camera, const std::string& values)
 {
     return withCamera(camera, [&](Device& device) {
         const QString& section = device.settings().section;
-        IniFile ini({}, '[' + section.toUtf8() + "]\n" + QByteArray::fromStdString(values));
+        IniFile ini({}, nothingChanged,
+                    '[' + section.toUtf8() + "]\n" + QByteArray::fromStdString(values));
         const std::vector<std::pair<Parameter, double>> changes = readChanges(ini, section);
         refuseTakenNumbers(ini, device, changes);
         const QStringList problems = ini.problems();
@@ -148,7 +148,7 @@ Answer set(const std::string& camera, const std::string& values)
 
 Answer putFault(const std::string& sections)
 {
-    IniFile ini({}, QByteArray::fromStdString(sections));
+    IniFile ini({}, nothingChanged, QByteArray::fromStdString(sections));
     const std::lock_guard entry(Simulator::instance().gate());
     const QStringList problems = Simulator::instance().putFaults(ini);
     return problems.isEmpty() ? done() : refused(problems);

@@ -41,6 +41,13 @@ Range rangeOf(Kind kind)
     return {0, 0};
 }
 
+QString describeRange(Kind kind)
+{
+    const Range range = rangeOf(kind);
+    return QStringLiteral("%1 to %2")
+        .arg(formatField(kind, range.lowest), formatField(kind, range.highest));
+}
+
 std::optional<double> within(Kind kind, double value)
 {
     const Range range = rangeOf(kind);
@@ -163,12 +170,10 @@ QString describeKind(Kind kind)
         return QStringLiteral("true, false or a whole number from 0 to 255");
     case Kind::Byte:
     case Kind::Word:
-    case Kind::Whole: {
-        const Range range = rangeOf(kind);
-        return QStringLiteral("a whole number from %1 to %2")
-            .arg(formatField(kind, range.lowest), formatField(kind, range.highest));
-    }
+    case Kind::Whole:
+        return QStringLiteral("a whole number from ") + describeRange(kind);
     case Kind::Single:
+        return QStringLiteral("a number from ") + describeRange(kind);
     case Kind::Real:
         return QStringLiteral("a number");
     case Kind::Share:

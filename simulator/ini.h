@@ -17,15 +17,18 @@ namespace simulator {
 
 class IniFile {
 public:
-    /// Reads the whole file; a file that cannot be read is a problem and empty.
-    explicit IniFile(QString filePath);
+    /// Reads the whole file; a file that cannot be read is a problem and empty. whatComesOfIt: in
+    /// the messages, of a line that means nothing.
+    IniFile(QString filePath, QString whatComesOfIt);
     /// The same of a content that is there already. filePath: as the messages name it; empty: they
     /// name neither file nor line.
-    IniFile(QString filePath, const QByteArray& content);
+    IniFile(QString filePath, QString whatComesOfIt, QByteArray content);
 
+    /// The bytes that were read, up to the longest file.
+    [[nodiscard]] const QByteArray& content() const { return bytes; }
     /// The sections in their order; one that stands there twice counts where it stands first.
     [[nodiscard]] const QStringList& sections() const { return order; }
-    /// Whether no key stands in the section.
+    /// Whether nothing stands in the section.
     [[nodiscard]] bool isEmpty(const QString& section) const;
     /// The text of a key, or nothing.
     std::optional<QString> text(const QString& section, const QString& key);
@@ -42,8 +45,10 @@ public:
     void rejectSection(const QString& section, const QString& reason);
 
     /// Tells of the keys that nobody asked for, when all of a section has been read, and answers
-    /// whether the section is free of mistakes. allowed: the keys that there are, for the message.
-    bool finish(const QString& section, const QString& allowed = {});
+    /// whether the section is free of mistakes.
+    bool finish(const QString& section);
+    /// The keys that were asked for, as a list for messages.
+    [[nodiscard]] QString keysOf(const QString& section) const;
     /// All problems in the order of the lines, one for each. Every section is finished by then.
     QStringList problems();
 
@@ -54,19 +59,27 @@ private:
         bool asked = false;
     };
     struct Section {
+        QString name = {};
         int line = 0;
         bool faulty = false;
-        QMap<QString, Entry> entries;
+        QMap<QString, Entry> entries = {};
+        QStringList keys = {}; ///< that were asked for
     };
 
-    void parse(const QByteArray& content);
-    void readLine(const QByteArray& bytes, int line);
+    void parse();
+    void readLine(const QByteArray& content, int line);
     void readHeader(const QString& text, int line);
     void readValue(const QString& key, const QString& value, int line);
+    /// A line that means nothing. text: what stands there.
+    void reject(int line, const QString& text, const QString& reason);
+    /// A value that is not taken.
+    void rejectValue(const QString& key, int line, const QString& reason);
     void report(int line, const QString& text);
     [[nodiscard]] Section* sectionNamed(const QString& name);
 
     QString path;
+    QString lineConsequence;
+    QByteArray bytes;
     QStringList order;
     std::map<QString, Section> found;
     Section outside;             ///< what stands before the first section

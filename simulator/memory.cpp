@@ -42,10 +42,10 @@ QByteArray write(const std::vector<Entry>& entries)
 /// must not pass for a smaller memory.
 bool read(const QString& path, std::vector<Entry>& entries, QString* reason)
 {
-    IniFile ini(path);
-    const auto take = [&ini](const Field& field) {
-        const std::optional<double> value =
-            ini.number(memorySection, field, QStringLiteral("nothing of the file is used"));
+    const QString nothingUsed = QStringLiteral("nothing of the file is used");
+    IniFile ini(path, nothingUsed);
+    const auto take = [&](const Field& field) {
+        const std::optional<double> value = ini.number(memorySection, field, nothingUsed);
         if (!value) {
             ini.addProblem(memorySection, QLatin1String(field.key), QStringLiteral("no value"));
         }

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <initializer_list>
+#include <limits>
 #include <tuple>
 #include <type_traits>
 
@@ -140,6 +141,16 @@ constexpr std::array<OperationFacts, operationCount> operationRows = {{
 #undef FACTS
 }};
 
+std::int64_t highestOf(const QString& argument)
+{
+    if (argument.startsWith(QLatin1String("bool "))) {
+        return 1;
+    }
+    return argument.startsWith(QLatin1String("std::uint8_t "))
+               ? std::numeric_limits<std::uint8_t>::max()
+               : std::numeric_limits<std::uint32_t>::max();
+}
+
 constexpr int frameBytes = 12;  ///< head and checksum around every request and every answer
 constexpr int bitsPerByte = 10; ///< eight data bits between a start and a stop bit
 
@@ -165,7 +176,7 @@ std::optional<Operation> operationNamed(const QString& name)
     return std::nullopt;
 }
 
-std::optional<std::size_t> argumentNamed(Operation operation, const QString& name)
+std::optional<NumberArgument> argumentNamed(Operation operation, const QString& name)
 {
     const QString declared = QString::fromLatin1(factsOf(operation).arguments);
     const QStringList arguments =
@@ -175,7 +186,7 @@ std::optional<std::size_t> argumentNamed(Operation operation, const QString& nam
         const bool isNumber =
             !argument.contains(QLatin1Char('*')) && !argument.contains(QLatin1Char('&'));
         if (isNumber && argument.endsWith(QLatin1Char(' ') + name)) {
-            return static_cast<std::size_t>(place);
+            return NumberArgument{static_cast<std::size_t>(place), highestOf(argument)};
         }
     }
     return std::nullopt;

@@ -48,9 +48,14 @@ QString nameOf(Operation operation);
 /// The operation of a name, or nothing.
 std::optional<Operation> operationNamed(const QString& name);
 
-/// The place of an argument that is a number among the operation's arguments, or nothing when there
-/// is no such argument.
-std::optional<std::size_t> argumentNamed(Operation operation, const QString& name);
+/// An argument that is a number.
+struct NumberArgument {
+    std::size_t place;    ///< among the operation's arguments
+    std::int64_t highest; ///< that its type holds; of a switch 1
+};
+
+/// The argument of a name, or nothing when the operation has no such number.
+std::optional<NumberArgument> argumentNamed(Operation operation, const QString& name);
 
 /// Time in microseconds that the operation's bytes need at the baud rate, frames included.
 qint64 timeOnTheLink(Operation operation, std::uint32_t baudRate);

@@ -20,29 +20,39 @@ const QString powerSection = QStringLiteral("power");
 const QString callsKey = QStringLiteral("calls");
 const QString valueKey = QStringLiteral("value");
 const QString connectionSection = QStringLiteral("connection");
-const QString ruleKeys = QStringLiteral("calls, probability, seed, camera, port, where, value, "
-                                        "record, table, carryOut, delay, hangUp");
 const QString nothingDone = QStringLiteral("the section does nothing");
 constexpr qint64 forEver = std::numeric_limits<qint64>::max();
+
+/// Whether the pieces, between which any letters may stand, make up the name. Not by a regular
+/// expression, to which many stars are many ways to fail.
+bool consistsOf(QLatin1String name, const QStringList& pieces)
+{
+    if (!name.startsWith(pieces.first())) {
+        return false;
+    }
+    int place = pieces.first().size();
+    for (int piece = 1; piece + 1 < pieces.size(); ++piece) {
+        place = name.indexOf(pieces.at(piece), place);
+        if (place < 0) {
+            return false;
+        }
+        place += pieces.at(piece).size();
+    }
+    return name.size() - place >= pieces.last().size() && name.endsWith(pieces.last());
+}
 
 /// A name matches its operation; a pattern with stars matches operations of the camera only, so
 /// that "get*" or "*" does not keep the program from reaching it.
 std::bitset<operationCount> matchingOperations(const QString& pattern)
 {
-    const bool group = pattern.contains(QLatin1Char('*'));
-    QRegularExpression expression;
-    if (group) {
-        expression.setPattern(QLatin1Char('^') +
-                              QRegularExpression::escape(pattern).replace(QStringLiteral("\\*"),
-                                                                          QStringLiteral(".*")) +
-                              QLatin1Char('$'));
-    }
+    const QStringList pieces = pattern.split(QLatin1Char('*'));
     std::bitset<operationCount> operations;
     for (std::size_t number = 0; number < operationCount; ++number) {
         const auto operation = static_cast<Operation>(number);
-        operations.set(number, group ? operation >= firstCameraOperation &&
-                                           expression.match(nameOf(operation)).hasMatch()
-                                     : pattern == nameOf(operation));
+        const QLatin1String name(factsOf(operation).name);
+        operations.set(number, pieces.size() > 1
+                                   ? operation >= firstCameraOperation && consistsOf(name, pieces)
+                                   : pattern == name);
     }
     return operations;
 }
@@ -93,11 +103,38 @@ Ranges parseValues(const QString& text)
     return parseRanges(text);
 }
 
+/// Whether an argument can have the values, written as true or false if it is a switch.
+bool fits(const NumberArgument& argument, const QString& written, const Ranges& values)
+{
+    const bool isWord = !written.isEmpty() && written.at(0).isLetter();
+    return (argument.highest == 1 || !isWord) &&
+           std::all_of(values.begin(), values.end(), [&argument](const auto& range) {
+               return range.first <= argument.highest &&
+                      (range.second <= argument.highest || range.second == forEver);
+           });
+}
+
+QString describe(const NumberArgument& argument)
+{
+    return argument.highest == 1 ? QStringLiteral("true or false")
+                                 : QStringLiteral("0 to %1").arg(argument.highest);
+}
+
 bool contains(const Ranges& ranges, qint64 value)
 {
     return std::any_of(ranges.begin(), ranges.end(), [value](const auto& range) {
         return value >= range.first && value <= range.second;
     });
+}
+
+/// A number without which the section means nothing; its absence is a problem, too.
+std::optional<double> required(IniFile& ini, const QString& section, const Field& field)
+{
+    const QString key = QLatin1String(field.key);
+    if (!ini.text(section, key)) {
+        ini.addProblem(section, key, QStringLiteral("missing; ") + nothingDone);
+    }
+    return ini.number(section, field, nothingDone);
 }
 
 /// Whether an operation goes to a camera or asks for one.
@@ -128,8 +165,9 @@ QString reasonAgainst(Operation operation, const QString& text)
     case Operation::loadBadPixelList:
         return isTreatmentFault(text)
                    ? QString()
-                   : QStringLiteral("%1 is not missing, empty, long or a number of entries")
-                         .arg(quoted(text));
+                   : QStringLiteral("%1 is not missing, empty, long or a number of entries, "
+                                    "0 to %2")
+                         .arg(quoted(text), QString::number(pixelCount));
     default:
         return QStringLiteral("%1 is of no use: %2 answers no number")
             .arg(quoted(text), nameOf(operation));
@@ -159,7 +197,7 @@ bool Plan::refresh()
     rules.clear();
     found.clear();
     if (isThere()) {
-        IniFile ini(file);
+        IniFile ini(file, nothingDone);
         read(ini);
     }
     return true;
@@ -171,10 +209,9 @@ void Plan::read(IniFile& ini)
     const QStringList sections = ini.sections();
     for (const QString& section : sections) {
         if (section == powerSection) {
-            const std::optional<double> number =
-                ini.number(powerSection, {"cycles", Kind::Word, 0}, nothingDone);
-            if (ini.finish(powerSection, QStringLiteral("cycles"))) {
-                cycles = as<qint64>(number.value_or(0));
+            const std::optional<double> number = required(ini, section, {"cycles", Kind::Word, 0});
+            if (ini.finish(section) && number) {
+                cycles = as<qint64>(*number);
             }
         } else if (const std::optional<Rule> rule = readRule(ini, section)) {
             rules.push_back(*rule);
@@ -225,15 +262,14 @@ void Plan::sortRules()
 {
     // A lost connection beats every rule. A name without * is more exact than one with; then more
     // letters that are given, and then more conditions.
+    for (Rule& rule : rules) {
+        const auto stars = rule.pattern.count(QLatin1Char('*'));
+        const std::size_t conditions =
+            rule.where.size() + (rule.camera ? 1 : 0) + (rule.port ? 1 : 0);
+        rule.exactness = {rule.outcome.lost, stars == 0, rule.pattern.size() - stars, conditions};
+    }
     std::stable_sort(rules.begin(), rules.end(), [](const Rule& left, const Rule& right) {
-        const auto exactness = [](const Rule& rule) {
-            const auto stars = rule.pattern.count(QLatin1Char('*'));
-            const std::size_t conditions =
-                rule.where.size() + (rule.camera ? 1 : 0) + (rule.port ? 1 : 0);
-            return std::tuple(rule.outcome.lost, stars == 0, rule.pattern.size() - stars,
-                              conditions);
-        };
-        return exactness(left) > exactness(right);
+        return left.exactness > right.exactness;
     });
 }
 
@@ -250,20 +286,16 @@ std::optional<Plan::Rule> Plan::readRule(IniFile& ini, const QString& section) c
     if (rule.pattern == connectionSection) {
         rule.operations = matchingOperations(QStringLiteral("*"));
         rule.operations.set(static_cast<std::size_t>(Operation::openCamera));
-        rule.outcome.lost = number("lost", Kind::Switch, 0) != 0;
+        rule.outcome.lost = required(ini, section, {"lost", Kind::Switch, 0}).value_or(0) != 0;
         readScope(ini, section, rule);
-        const bool sound = ini.finish(section, QStringLiteral("lost, camera, port"));
-        return sound && rule.outcome.lost ? std::optional(rule) : std::nullopt;
+        return ini.finish(section) && rule.outcome.lost ? std::optional(rule) : std::nullopt;
     }
     rule.operations = matchingOperations(rule.pattern);
     if (rule.operations.none()) {
-        ini.rejectSection(section, QStringLiteral("no operation has this name; ") + nothingDone);
-        return std::nullopt;
-    }
-    if (ini.isEmpty(section)) {
-        ini.rejectSection(
-            section,
-            QStringLiteral("a rule has one of the keys %1; %2").arg(ruleKeys, nothingDone));
+        ini.rejectSection(section, QStringLiteral("no operation %1, see simulator-reference.md; %2")
+                                       .arg(rule.isGroup() ? QStringLiteral("of a camera fits")
+                                                           : QStringLiteral("has this name"),
+                                            nothingDone));
         return std::nullopt;
     }
     if (const auto text = ini.text(section, callsKey)) {
@@ -277,15 +309,19 @@ std::optional<Plan::Rule> Plan::readRule(IniFile& ini, const QString& section) c
     }
     rule.probability = number("probability", Kind::Share, 1);
     rule.random = Random(as<std::uint64_t>(number("seed", Kind::Word, 1)));
-    rule.outcome.carryOut = number("carryOut", Kind::Switch, 0) != 0;
-    rule.outcome.hangUp = number("hangUp", Kind::Switch, 0) != 0;
-    rule.outcome.delay = as<qint64>(number("delay", Kind::Word, 0));
     readScope(ini, section, rule);
     readWhere(ini, section, rule);
     readValue(ini, section, rule);
     readRecord(ini, section, rule);
     readTable(ini, section, rule);
-    return ini.finish(section, ruleKeys) ? std::optional(rule) : std::nullopt;
+    rule.outcome.carryOut = number("carryOut", Kind::Switch, 0) != 0;
+    rule.outcome.delay = as<qint64>(number("delay", Kind::Word, 0));
+    rule.outcome.hangUp = number("hangUp", Kind::Switch, 0) != 0;
+    if (ini.isEmpty(section)) {
+        ini.rejectSection(section, QStringLiteral("a rule has one of the keys %1; %2")
+                                       .arg(ini.keysOf(section), nothingDone));
+    }
+    return ini.finish(section) ? std::optional(rule) : std::nullopt;
 }
 
 void Plan::readScope(IniFile& ini, const QString& section, Rule& rule)
@@ -297,9 +333,11 @@ void Plan::readScope(IniFile& ini, const QString& section, Rule& rule)
         rule.camera = as<std::uint32_t>(*serial);
     }
     rule.port = ini.text(section, portKey);
-    if (rule.port && rule.port->isEmpty()) {
+    static const QRegularExpression name(QStringLiteral("^[^\\s,*]+$"));
+    if (rule.port && !name.match(*rule.port).hasMatch()) {
         ini.addProblem(section, portKey,
-                       QStringLiteral("\"\" is no name of a port; %1").arg(nothingDone));
+                       QStringLiteral("%1 is not the name of one port; %2")
+                           .arg(quoted(*rule.port), nothingDone));
     }
     for (std::size_t number = 0; number < operationCount; ++number) {
         const auto operation = static_cast<Operation>(number);
@@ -321,7 +359,8 @@ void Plan::readWhere(IniFile& ini, const QString& section, Rule& rule)
     const QStringList conditions = text->split(QStringLiteral(" and "));
     for (const QString& condition : conditions) {
         const QString argument = condition.trimmed().section(QLatin1Char(' '), 0, 0);
-        const Ranges values = parseValues(condition.trimmed().mid(argument.size()).trimmed());
+        const QString written = condition.trimmed().mid(argument.size()).trimmed();
+        const Ranges values = parseValues(written);
         if (argument.isEmpty() || values.empty()) {
             ini.addProblem(
                 section, key,
@@ -331,12 +370,21 @@ void Plan::readWhere(IniFile& ini, const QString& section, Rule& rule)
         }
         for (std::size_t number = 0; number < operationCount; ++number) {
             const auto operation = static_cast<Operation>(number);
-            if (rule.operations.test(number) && !argumentNamed(operation, argument)) {
+            if (!rule.operations.test(number)) {
+                continue;
+            }
+            const QString declared =
+                nameOf(operation) + QString::fromLatin1(factsOf(operation).arguments);
+            const auto found = argumentNamed(operation, argument);
+            if (!found) {
                 ini.addProblem(section, key,
-                               QStringLiteral("%1%2 has no number %3; %4")
-                                   .arg(nameOf(operation),
-                                        QString::fromLatin1(factsOf(operation).arguments),
-                                        quoted(argument), nothingDone));
+                               QStringLiteral("%1 has no number %2; %3")
+                                   .arg(declared, quoted(argument), nothingDone));
+            } else if (!fits(*found, written, values)) {
+                ini.addProblem(
+                    section, key,
+                    QStringLiteral("%1 is not %2 of %3, which is %4; %5")
+                        .arg(quoted(written), argument, declared, describe(*found), nothingDone));
             }
         }
         rule.where.push_back({argument, values});
@@ -349,14 +397,15 @@ void Plan::readValue(IniFile& ini, const QString& section, Rule& rule)
     if (!text) {
         return;
     }
-    const bool group = rule.pattern.contains(QLatin1Char('*'));
+    bool isOfUse = false;
     for (std::size_t number = 0; number < operationCount; ++number) {
         const auto operation = static_cast<Operation>(number);
         const std::optional<Kind> kind = factsOf(operation).answer;
         // Those of a group that answer no number go on as without one.
-        if (!rule.operations.test(number) || (group && !kind)) {
+        if (!rule.operations.test(number) || (rule.isGroup() && !kind)) {
             continue;
         }
+        isOfUse = true;
         if (const QString reason = reasonAgainst(operation, *text); !reason.isEmpty()) {
             ini.addProblem(section, valueKey, QStringLiteral("%1; %2").arg(reason, nothingDone));
             return;
@@ -366,6 +415,11 @@ void Plan::readValue(IniFile& ini, const QString& section, Rule& rule)
         } else {
             rule.outcome.word = *text;
         }
+    }
+    if (!isOfUse) {
+        ini.addProblem(section, valueKey,
+                       QStringLiteral("%1 is of no use: none of %2 answers a number; %3")
+                           .arg(quoted(*text), quoted(rule.pattern), nothingDone));
     }
 }
 
@@ -413,12 +467,13 @@ void Plan::readTable(IniFile& ini, const QString& section, Rule& rule) const
         return;
     }
     QString reason;
-    if (rule.pattern != nameOf(Operation::readTableData)) {
+    if (rule.operations.count() != 1 ||
+        !rule.operations.test(static_cast<std::size_t>(Operation::readTableData))) {
         reason = QStringLiteral("only readTableData reads one");
-    } else if (const std::optional<QByteArray> content =
+    } else if (const std::optional<QByteArray> region =
                    readFile(QFileInfo(QFileInfo(file).dir(), *path).absoluteFilePath(), tableLength,
                             &reason)) {
-        rule.outcome.table = *content;
+        rule.outcome.table = *region;
         return;
     }
     ini.addProblem(
@@ -433,8 +488,8 @@ bool Plan::isFor(const Rule& rule, const Call& call)
         return false;
     }
     return std::all_of(rule.where.begin(), rule.where.end(), [&call](const Condition& condition) {
-        const std::optional<std::size_t> place = argumentNamed(call.operation, condition.argument);
-        return place && contains(condition.values, call.arguments.at(*place));
+        const auto argument = argumentNamed(call.operation, condition.argument);
+        return argument && contains(condition.values, call.arguments.at(argument->place));
     });
 }
 

@@ -18,6 +18,7 @@
 #include <bitset>
 #include <cstdint>
 #include <optional>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -95,7 +96,10 @@ private:
         double probability = 1;
         Random random{1};
         CallOutcome outcome;
+        std::tuple<bool, bool, qint64, std::size_t> exactness; ///< as sortRules says
         qint64 count = 0;
+
+        [[nodiscard]] bool isGroup() const { return pattern.contains(QLatin1Char('*')); }
     };
 
     static bool isFor(const Rule& rule, const Call& call);

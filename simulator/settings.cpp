@@ -80,7 +80,9 @@ void readSimulator(IniFile& ini, Settings& settings)
                     ini.text(simulatorSection, QLatin1String(facts.key)).value_or(QString()));
     }
     settings.factoryFresh = number("factoryFresh", Kind::Switch, 0) != 0;
-    settings.safe = number("safe", Kind::Switch, 0) != 0;
+    // What cannot be understood makes it safe.
+    settings.safe = ini.text(simulatorSection, QStringLiteral("safe")) &&
+                    ini.numberOr(simulatorSection, {"safe", Kind::Switch, 0}, 1) != 0;
     Behaviour& behaviour = settings.behaviour;
     behaviour.seed = as<std::uint64_t>(number("seed", Kind::Word, 1));
     behaviour.manualClock = number("manualClock", Kind::Switch, 0) != 0;
@@ -88,10 +90,6 @@ void readSimulator(IniFile& ini, Settings& settings)
     behaviour.latency = number("latency", Kind::Switch, 0) != 0;
     behaviour.timeout = as<qint64>(number("timeout", Kind::Word, 0));
     behaviour.nucDuration = as<qint64>(number("nucDuration", Kind::Word, 0));
-    ini.finish(simulatorSection,
-               QStringLiteral(
-                   "log, journal, plan, memory, control, factoryFresh, safe, seed, manualClock, "
-                   "warmUp, latency, timeout, nucDuration"));
 }
 
 /// A switch among the variables; otherwise: what counts when it cannot be understood.
@@ -199,10 +197,9 @@ std::optional<BadPixelMap> parseBadPixels(const QString& text, QString* reason)
         const unsigned y = parts.value(1).toUInt(&yIsNumber);
         if (parts.size() != 2 || !xIsNumber || !yIsNumber || x >= sensorWidth ||
             y >= sensorHeight) {
-            *reason = QStringLiteral("\"%1\" is no pixel x:y of %2 x %3")
-                          .arg(item)
-                          .arg(sensorWidth)
-                          .arg(sensorHeight);
+            *reason =
+                QStringLiteral("%1 is no pixel x:y of %2 x %3")
+                    .arg(quoted(item), QString::number(sensorWidth), QString::number(sensorHeight));
             return std::nullopt;
         }
         map.setBad(static_cast<int>(y * sensorWidth + x), true);
@@ -236,8 +233,8 @@ void readTable(IniFile& ini, const QString& file, CameraSettings& camera)
         } else {
             ini.addProblem(
                 camera.section, fileKey,
-                QStringLiteral("\"%1\" is no table region: %2; the factory's bad pixels are used")
-                    .arg(*path, reason));
+                QStringLiteral("%1 is no table region: %2; the factory's bad pixels are used")
+                    .arg(quoted(*path), reason));
         }
     }
 }
@@ -252,9 +249,13 @@ CameraSettings readCamera(IniFile& ini, const QString& file, const QString& sect
     }
     if (const auto ports = ini.text(section, portsKey)) {
         camera.ports = splitList(*ports);
+        if (camera.ports.isEmpty()) {
+            ini.addProblem(
+                section, portsKey,
+                QStringLiteral("%1 names no port; the camera is on none").arg(quoted(*ports)));
+        }
     }
     readTable(ini, file, camera);
-    ini.finish(section);
     return camera;
 }
 
@@ -286,11 +287,19 @@ void readCameras(IniFile& ini, Settings& settings)
         if (!section.startsWith(cameraSection)) {
             continue;
         }
+        const Field& serialField = factsOf(Parameter::serialNumber).field;
+        if (const QString owner = serials.value(static_cast<qint64>(serialField.initial));
+            !owner.isEmpty()) {
+            // Without a number of its own it would get one that is taken.
+            ini.number(section, serialField,
+                       QStringLiteral("%1 is the number of [%2]; this camera is left out")
+                           .arg(formatField(serialField.kind, serialField.initial), owner));
+        }
         CameraSettings camera = readCamera(ini, settings.file, section);
         const auto serial =
             static_cast<qint64>(camera.values[static_cast<std::size_t>(Parameter::serialNumber)]);
         if (serials.contains(serial)) {
-            ini.addProblem(section, QLatin1String(factsOf(Parameter::serialNumber).field.key),
+            ini.addProblem(section, QLatin1String(serialField.key),
                            QStringLiteral("%1 is the number of [%2]; this camera is left out")
                                .arg(QString::number(serial), serials.value(serial)));
             continue;
@@ -339,7 +348,7 @@ Settings Settings::load()
     Settings settings;
     settings.file = findFile();
     if (!settings.file.isEmpty()) {
-        IniFile ini(settings.file);
+        IniFile ini(settings.file, QStringLiteral("the line is not used"));
         settings.read(ini);
     }
     readEnvironment(settings);

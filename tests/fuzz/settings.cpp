@@ -41,7 +41,7 @@ using Course = std::vector<std::tuple<std::size_t, bool, bool, bool, qint64, std
 /// What the plan does to the first calls of every operation; the problems that were told.
 Course courseOf(const QByteArray& content, QStringList& problems)
 {
-    IniFile ini(name, content);
+    IniFile ini(name, QStringLiteral("nothing"), content);
     Plan plan;
     plan.read(ini);
     problems = plan.problems();
@@ -109,7 +109,7 @@ void readPlan(QByteArray content)
 void readSettings(const QByteArray& content)
 {
     static const Settings initial; // its table of bad pixels takes longer than the reading
-    IniFile ini(name, content);
+    IniFile ini(name, QStringLiteral("nothing"), content);
     Settings settings = initial;
     settings.file = QStringLiteral("/nowhere/input.ini");
     settings.read(ini);

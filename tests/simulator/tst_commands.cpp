@@ -348,7 +348,8 @@ private Q_SLOTS:
                 << QString::fromLatin1(command) << exitCode << QString::fromLatin1(told);
         };
         row("set camera|gama=1", 1, "[camera] gama: unknown key; there are ");
-        row("set camera|gsk=1|gsk=x", 1, "\"gsk\" stands in line 2 already");
+        row("set camera|gsk=1|gsk=x", 1,
+            "[camera] gsk: stands in line 2 already; nothing is changed");
         row("set camera|gsk=1|frameRate=256", 1,
             "[camera] frameRate: \"256\" is not a whole number from 0 to 255; nothing is changed");
         row("set kamera|gsk=1", 1, "there is no camera \"kamera\"; there are camera\n");
@@ -356,7 +357,8 @@ private Q_SLOTS:
         row("get camera|gama", 1, "unknown key \"gama\"; there are ");
         row("get camera|gsk|gms", 2, "usage: get CAMERA [KEY]\n");
         row("fault setGama|value=1", 1,
-            "[setGama]: no operation has this name; the section does nothing\n");
+            "[setGama]: no operation has this name, see simulator-reference.md; the section does "
+            "nothing\n");
         row("fault setGsk|value=256", 1,
             "[setGsk] value: \"256\" is not a whole number from 0 to 255; the section does "
             "nothing");

@@ -175,12 +175,15 @@ private Q_SLOTS:
             "changed");
         row("a number of another camera", "camera left", "gsk=1\nserialNumber=2",
             "[camera left] serialNumber: 2 is the number of [camera right]; nothing is changed");
-        row("no value", "camera left", "gsk", "\"gsk\" is neither [section] nor key=value");
+        row("no value", "camera left", "gsk",
+            "[camera left]: \"gsk\" is neither [section] nor key=value; nothing is changed");
         row("nothing", "camera left", "", "\"\" is not lines of key=value; nothing is changed");
         row("a section", "camera left", "gsk=1\n[camera right]",
             "\"gsk=1\n[camera right]\" is not lines of key=value; nothing is changed");
-        row("a key twice", "camera left", "gsk=1\ngsk=2", "\"gsk\" stands in line 2 already");
-        row("random bytes", "camera left", "gsk=1\n\x1b\xff", "control character 0x1b");
+        row("a key twice", "camera left", "gsk=1\ngsk=2",
+            "[camera left] gsk: stands in line 2 already; nothing is changed");
+        row("random bytes", "camera left", "gsk=1\n\x1b\xff",
+            "[camera left]: control character 0x1b; nothing is changed");
     }
 
     void aChangeThatCannotBeMadeChangesNothingAndSaysWhy()
@@ -327,17 +330,20 @@ private Q_SLOTS:
         QTest::addColumn<QString>("message");
         QTest::newRow("unknown operation")
             << QByteArray("[setGama]\nvalue=0")
-            << QStringLiteral("[setGama]: no operation has this name; the section does nothing");
+            << QStringLiteral("[setGama]: no operation has this name, see simulator-reference.md; "
+                              "the section does nothing");
         QTest::newRow("wrong calls")
             << QByteArray("[setGsk]\ncalls=0")
             << QStringLiteral("[setGsk] calls: \"0\" is neither always nor a list such as 3, 5-7, "
                               "9-, counted from 1; the section does nothing");
         QTest::newRow("power") << QByteArray("[power]\ncycles=1")
-                               << QStringLiteral("[power]: no operation has this name; the section "
-                                                 "does nothing");
+                               << QStringLiteral(
+                                      "[power]: no operation has this name, see "
+                                      "simulator-reference.md; the section does nothing");
         QTest::newRow("no section") << QByteArray("") << QStringLiteral("there is no [section]");
         QTest::newRow("no text") << QByteArray("[setGsk]\nvalue=0\n\xff")
-                                 << QStringLiteral("no text in UTF-8; the line is not used");
+                                 << QStringLiteral(
+                                        "[setGsk]: no text in UTF-8; nothing is changed");
     }
 
     void aFaultThatCannotBeUnderstoodIsRefused()

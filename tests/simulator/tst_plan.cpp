@@ -288,6 +288,23 @@ private Q_SLOTS:
         QCOMPARE(scene.newProblems(), QStringList());
     }
 
+    void aPatternWithManyStarsIsReadAtOnce()
+    {
+        const QByteArray stars(100'000, '*');
+        Planned scene('[' + stars + "e]\nvalue=9\n[set" + stars + "G" + stars + "k]\nvalue=8\n");
+        ICamera& camera = scene.camera();
+        QCOMPARE(scene.newProblems(), QStringList());
+        QCOMPARE(camera.setGsk(1), Flag{8});
+        QCOMPARE(camera.setGfid(1), Flag{1});
+        QCOMPARE(camera.setFrameRate(25), Flag{9});
+    }
+
+    void aPatternsPiecesDoNotOverlap()
+    {
+        Planned scene("[setGs*sk]\nvalue=9\n[*setGsk]\nvalue=8\n");
+        QCOMPARE(scene.camera().setGsk(1), Flag{8});
+    }
+
     // ---- what becomes of them
 
     void aCallThatFailsChangesNothing()
@@ -409,6 +426,16 @@ private Q_SLOTS:
         QCOMPARE(region(camera).size(), scene::regionSize);
     }
 
+    void aTableIsReadByTheOneOperationOfAGroup()
+    {
+        Scene scene;
+        scene.write(QStringLiteral("table.bin"), QByteArray(scene::regionSize, '\x5A'));
+        scene.write(planFile, "[readTable*]\ntable=table.bin\n");
+        scene.restart(withPlan);
+        QCOMPARE(scene.newProblems(), QStringList());
+        QCOMPARE(region(scene.camera()), QByteArray(scene::regionSize, '\x5A'));
+    }
+
     void aTableFileOfAnotherSizeIsTold()
     {
         Scene scene;
@@ -485,6 +512,17 @@ private Q_SLOTS:
             scene.read(QStringLiteral("sdk.log"))
                 .contains(
                     (scene.path(planFile) + QStringLiteral(", not followed: safe mode")).toUtf8()));
+    }
+
+    void aSafeModeThatCannotBeUnderstoodIsSafe()
+    {
+        Planned scene("[setGsk]\ncalls=always\n");
+        scene.restart(withPlan + "safe=yes\n");
+        QCOMPARE(scene.camera().setGsk(7), Flag{1});
+        QCOMPARE(scene.newProblems(),
+                 QStringList(QStringLiteral("problem  %1:5: [simulator] safe: \"yes\" is not true, "
+                                            "false or a whole number from 0 to 255; true is used")
+                                 .arg(scene.path(QStringLiteral("simulator.ini")))));
     }
 
     void aDelayPassesBeforeTheCall()
@@ -616,16 +654,18 @@ private Q_SLOTS:
             QTest::newRow(name) << plan << QString::fromLatin1(message);
         };
         row("no such operation", "[setGama]\ncalls=always",
-            "1: [setGama]: no operation has this name; the section does nothing");
+            "1: [setGama]: no operation has this name, see simulator-reference.md; the section "
+            "does nothing");
         row("no such pattern", "[put*]\ncalls=always",
-            "1: [put*]: no operation has this name; the section does nothing");
+            "1: [put*]: no operation of a camera fits, see simulator-reference.md; the section "
+            "does nothing");
         row("no key", "[setGsk]",
             "1: [setGsk]: a rule has one of the keys calls, probability, seed, camera, port, "
             "where, value, record, table, carryOut, delay, hangUp; the section does nothing");
         row("no such key", "[setGsk]\ncall=1",
             "2: [setGsk] call: unknown key; there are calls, probability, seed, camera, port, "
             "where, "
-            "value, record, table, carryOut, delay, hangUp");
+            "value, record, table, carryOut, delay, hangUp; the section does nothing");
         for (const char* const calls :
              {"often", "", "0", "0-2", "2-1", "3,", ",3", "3,,4", "-3", "3--", "1,0", "1.5", "0x3",
               "3;4", "9999999999", "always,3"}) {
@@ -660,7 +700,7 @@ private Q_SLOTS:
             "nothing");
         row("treatment", "[loadBadPixelList]\nvalue=bad",
             "2: [loadBadPixelList] value: \"bad\" is not missing, empty, long or a number of "
-            "entries; the section does nothing");
+            "entries, 0 to 307200; the section does nothing");
         row("seed", "[setGsk]\nseed=-1",
             "2: [setGsk] seed: \"-1\" is not a whole number from 0 to 4294967295; the section does "
             "nothing");
@@ -677,7 +717,12 @@ private Q_SLOTS:
             "2: [setGsk] camera: \"first\" is not a whole number from 0 to 4294967295; the section "
             "does nothing");
         row("port", "[setGsk]\nport=",
-            "2: [setGsk] port: \"\" is no name of a port; the section does nothing");
+            "2: [setGsk] port: \"\" is not the name of one port; the section does nothing");
+        row("several ports", "[setGsk]\nport=ttyUSB1, ttyUSB2",
+            "2: [setGsk] port: \"ttyUSB1, ttyUSB2\" is not the name of one port; the section does "
+            "nothing");
+        row("any port", "[setGsk]\nport=*",
+            "2: [setGsk] port: \"*\" is not the name of one port; the section does nothing");
         row("camera of the library", "[saveConfiguration]\ncamera=20417",
             "2: [saveConfiguration] camera: saveConfiguration is of no camera; the section does "
             "nothing");
@@ -710,18 +755,25 @@ private Q_SLOTS:
             "the "
             "section does nothing");
         row("another key of the connection", "[connection]\nlost=true\nhangUp=true",
-            "3: [connection] hangUp: unknown key; there are lost, camera, port");
+            "3: [connection] hangUp: unknown key; there are lost, camera, port; the section does "
+            "nothing");
+        row("a connection without a word", "[connection]\ncamera=1",
+            "1: [connection] lost: missing; the section does nothing");
+        row("a power without a word", "[power]",
+            "1: [power] cycles: missing; the section does nothing");
         row("a connection that is perhaps lost", "[connection]\nlost=perhaps",
             "2: [connection] lost: \"perhaps\" is not true, false or a whole number from 0 to 255; "
             "the section does nothing");
         row("a line that is none", "[setGsk]\ncalls 3\ndelay=1",
-            "2: \"calls 3\" is neither [section] nor key=value");
+            "2: [setGsk]: \"calls 3\" is neither [section] nor key=value; the section does "
+            "nothing");
         row("a comment of another kind", "[setGsk]\ndelay=1\n# calls=3",
-            "3: \"# calls=3\": a comment begins with ;");
+            "3: [setGsk]: \"# calls=3\": a comment begins with a semicolon; the section does "
+            "nothing");
         row("control character", "[setGsk]\ndelay=1\n\x01",
-            "3: control character 0x01; the line is not used");
+            "3: [setGsk]: control character 0x01; the section does nothing");
         row("a key twice", "[setGsk]\ncalls=3\ncalls=4",
-            "3: \"calls\" stands in line 2 already; this line is not used");
+            "3: [setGsk] calls: stands in line 2 already; the section does nothing");
         row("a section that does not end", "[setGsk\ncalls=always",
             "1: \"[setGsk\" is no [section]; what follows up to the next is not used");
         row("outside of a section", "calls=always",
@@ -729,8 +781,32 @@ private Q_SLOTS:
         row("cycles", "[power]\ncycles=many",
             "2: [power] cycles: \"many\" is not a whole number from 0 to 4294967295; the section "
             "does nothing");
-        row("another key of the power", "[power]\ncycle=1",
-            "2: [power] cycle: unknown key; there are cycles");
+        row("another key of the power", "[power]\ncycles=1\ncycle=1",
+            "3: [power] cycle: unknown key; there are cycles; the section does nothing");
+        row("value of a group that answers none", "[refresh*]\nvalue=1",
+            "2: [refresh*] value: \"1\" is of no use: none of \"refresh*\" answers a number; the "
+            "section does nothing");
+        row("value of a group of another kind", "[loadBadPixel*]\nvalue=long",
+            "2: [loadBadPixel*] value: \"long\" is of no use: none of \"loadBadPixel*\" answers a "
+            "number; the section does nothing");
+        row("where beyond an argument", "[requestNuc]\nwhere=automatic 300-",
+            "2: [requestNuc] where: \"300-\" is not automatic of requestNuc(std::uint8_t "
+            "automatic), which is 0 to 255; the section does nothing");
+        row("where beyond a switch", "[setBaudRate]\nwhere=permanent 5",
+            "2: [setBaudRate] where: \"5\" is not permanent of setBaudRate(std::uint32_t baudRate, "
+            "bool permanent), which is true or false; the section does nothing");
+        row("where with a word for a number", "[setGsk]\nwhere=gsk true",
+            "2: [setGsk] where: \"true\" is not gsk of setGsk(std::uint32_t gsk), which is 0 to "
+            "4294967295; the section does nothing");
+        row("quotation marks", "[setGsk]\nport=\"ttyUSB1\"",
+            "2: [setGsk] port: \"\"ttyUSB1\"\": a value stands without quotation marks; the "
+            "section does nothing");
+        row("a comment behind a value", "[setGsk]\nport=ttyUSB1 ; the second",
+            "2: [setGsk] port: \"ttyUSB1 ; the second\": a comment stands on a line of its own; "
+            "the section does nothing");
+        row("what was to be a section", "[setGsk]\ndelay=1\nsetGfid]\ncalls=3",
+            "3: [setGsk]: \"setGfid]\" is neither [section] nor key=value; the section does "
+            "nothing");
     }
 
     void aMistakeInAPlanIsToldAndItsSectionDoesNothing()

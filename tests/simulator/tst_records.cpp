@@ -92,7 +92,9 @@ private Q_SLOTS:
                     "[simulator]\nlog=other.log\n[camera]\ngama=1\n");
         const QString told = QStringLiteral("problem  %1:4: [camera] gama: unknown key")
                                  .arg(scene.path(QStringLiteral("simulator.ini")));
-        QCOMPARE(withoutTime(run().standardError), QStringList(told));
+        const QStringList lines = withoutTime(run().standardError);
+        QCOMPARE(lines.size(), 1);
+        QVERIFY2(lines.at(0).startsWith(told), qPrintable(lines.at(0)));
         QVERIFY(QString::fromUtf8(scene.read(QStringLiteral("other.log"))).contains(told));
     }
 
@@ -123,8 +125,8 @@ private Q_SLOTS:
         row("a wrong setting", "SETTINGS=wrong.ini",
             QStringLiteral("%1/wrong.ini:2: [camera] gama: unknown key"));
         row("a wrong plan", "PLAN=wrong.ini",
-            QStringLiteral("%1/wrong.ini:1: [camera]: no operation has this name; the section does "
-                           "nothing"));
+            QStringLiteral("%1/wrong.ini:1: [camera]: no operation has this name, see "
+                           "simulator-reference.md; the section does nothing"));
         row("no such settings", "SETTINGS=none.ini",
             QStringLiteral("%1/none.ini: there is no such file, or it cannot be read"));
         row("no such plan", "PLAN=none.ini", QStringLiteral("%1/none.ini: there is no such file"));

@@ -25,6 +25,23 @@ constexpr const char* listedKeys[] = {
 #include "simulator/configuration.def"
 };
 
+const QString single =
+    QStringLiteral("a number from -3.4028234663852886e+38 to 3.4028234663852886e+38");
+
+QStringList keysOfACamera()
+{
+    return {
+#define PARAMETER(key, kind, initial, lowest, highest, retention) QStringLiteral(#key),
+#include "simulator/parameters.def"
+        QStringLiteral("ports"), QStringLiteral("badPixels"), QStringLiteral("tableFile")};
+}
+
+QString unknownKey(const QString& key)
+{
+    return QStringLiteral("[camera] %1: unknown key; there are %2; the line is not used")
+        .arg(key, keysOfACamera().join(QStringLiteral(", ")));
+}
+
 QByteArray line(const char* section, const char* key, const QByteArray& value)
 {
     return QByteArray("[") + section + "]\n" + key + '=' + value + '\n';
@@ -140,13 +157,13 @@ private Q_SLOTS:
                    "[camera] gamma: \"65536\" is not a number from 0 to 65535.99998; 1 is used");
         QTest::newRow("no number at all")
             << QByteArray("zoomFactor=nan")
-            << QStringLiteral("[camera] zoomFactor: \"nan\" is not a number; 1 is used");
-        QTest::newRow("infinite") << QByteArray("zoomFactor=inf")
-                                  << QStringLiteral(
-                                         "[camera] zoomFactor: \"inf\" is not a number; 1 is used");
+            << QStringLiteral("[camera] zoomFactor: \"nan\" is not %1; 1 is used").arg(single);
+        QTest::newRow("infinite")
+            << QByteArray("zoomFactor=inf")
+            << QStringLiteral("[camera] zoomFactor: \"inf\" is not %1; 1 is used").arg(single);
         QTest::newRow("beyond single precision")
             << QByteArray("zoomFactor=1e39")
-            << QStringLiteral("[camera] zoomFactor: \"1e39\" is not a number; 1 is used");
+            << QStringLiteral("[camera] zoomFactor: \"1e39\" is not %1; 1 is used").arg(single);
         QTest::newRow("a list")
             << QByteArray("gsk=1,2")
             << QStringLiteral(
@@ -173,13 +190,13 @@ private Q_SLOTS:
             << QByteArray("[simulator]\nspeed=1")
             << QStringLiteral("2: [simulator] speed: unknown key; there are log, journal, plan, "
                               "memory, control, factoryFresh, safe, seed, manualClock, warmUp, "
-                              "latency, timeout, "
-                              "nucDuration");
+                              "latency, timeout, nucDuration; the line is not used");
         QTest::newRow("in [configuration]")
             << QByteArray("[configuration]\ndefaultGamma=1")
-            << QStringLiteral("2: [configuration] defaultGamma: unknown key");
-        QTest::newRow("of a camera")
-            << QByteArray("[camera]\ngama=1") << QStringLiteral("2: [camera] gama: unknown key");
+            << QStringLiteral("2: [configuration] defaultGamma: unknown key; there are "
+                              "communicationType, baudRate, defaultRoi0IncX1, ");
+        QTest::newRow("of a camera") << QByteArray("[camera]\ngama=1")
+                                     << QStringLiteral("2: ") + unknownKey(QStringLiteral("gama"));
         QTest::newRow("another section")
             << QByteArray("[kamera]\ngamma=1\ngsk=1")
             << QStringLiteral("1: [kamera]: unknown section; there are [simulator], "
@@ -194,7 +211,7 @@ private Q_SLOTS:
         scene.camera();
         const QStringList log = scene.newProblems();
         QCOMPARE(log.size(), 1);
-        QVERIFY2(log.at(0).endsWith(QStringLiteral("simulator.ini:") + message),
+        QVERIFY2(log.at(0).contains(QStringLiteral("simulator.ini:") + message),
                  qPrintable(log.at(0)));
     }
 
@@ -206,11 +223,14 @@ private Q_SLOTS:
             QTest::newRow(name) << text << told;
         };
         row("no line of an INI file", "[camera]\nthis is none\ngamma=2.2\n",
-            {QStringLiteral("2: \"this is none\" is neither [section] nor key=value")});
+            {QStringLiteral("2: [camera]: \"this is none\" is neither [section] nor key=value; the "
+                            "line is not used")});
         row("a value without a key", "[camera]\n=1\ngamma=2.2\n",
-            {QStringLiteral("2: \"=1\" is neither [section] nor key=value")});
+            {QStringLiteral(
+                "2: [camera]: \"=1\" is neither [section] nor key=value; the line is not used")});
         row("a long one", "[camera]\n" + QByteArray(1000, 'x') + "\ngamma=2.2\n",
-            {QStringLiteral("2: \"%1...\" is neither [section] nor key=value")
+            {QStringLiteral(
+                 "2: [camera]: \"%1...\" is neither [section] nor key=value; the line is not used")
                  .arg(QString(60, QLatin1Char('x')))});
         row("a byte order mark", "\xEF\xBB\xBF[camera]\ngamma=2.2\n",
             {QStringLiteral("1: the file begins with a byte order mark, which is skipped")});
@@ -219,17 +239,38 @@ private Q_SLOTS:
         row("a byte order mark and more", "\xEF\xBB\xBFgsk=1\n[camera]\ngamma=2.2\n",
             {QStringLiteral("1: the file begins with a byte order mark, which is skipped")});
         row("a comment of another kind", "[camera]\n# gamma\ngamma=2.2\n// gamma=1\n",
-            {QStringLiteral("2: \"# gamma\": a comment begins with ;"),
-             QStringLiteral("4: \"// gamma=1\": a comment begins with ;")});
+            {QStringLiteral("2: [camera]: \"# gamma\": a comment begins with a semicolon; the line "
+                            "is not used"),
+             QStringLiteral("4: [camera]: \"// gamma=1\": a comment begins with a semicolon; the "
+                            "line is not used")});
         row("control characters", QByteArray("[camera]\ngsk=\0001\ngamma=2.2\n\x1B[0m\n", 30),
-            {QStringLiteral("2: control character 0x00; the line is not used"),
-             QStringLiteral("4: control character 0x1b; the line is not used")});
+            {QStringLiteral("2: [camera]: control character 0x00; the line is not used"),
+             QStringLiteral("4: [camera]: control character 0x1b; the line is not used")});
         row("no UTF-8", "[camera]\nports=\xFF\ngamma=2.2\n",
-            {QStringLiteral("2: no text in UTF-8; the line is not used")});
+            {QStringLiteral("2: [camera]: no text in UTF-8; the line is not used")});
+        row("a control character of another kind", "[camera]\ngsk=\xC2\x9B\ngamma=2.2\n",
+            {QStringLiteral("2: [camera]: control character 0x9b; the line is not used")});
+        row("a byte order mark further on", "[camera]\n\xEF\xBB\xBFgsk=1\ngamma=2.2\n",
+            {QStringLiteral("2: [camera]: a byte order mark; the line is not used")});
+        row("quotation marks", "[camera]\ngsk=\"1\"\ngamma=2.2\n",
+            {QStringLiteral("2: [camera] gsk: \"\"1\"\": a value stands without quotation marks; "
+                            "the line is not used")});
+        row("a comment behind a value", "[camera]\nports=ttyS1 ; the second\ngamma=2.2\n",
+            {QStringLiteral("2: [camera] ports: \"ttyS1 ; the second\": a comment stands on a line "
+                            "of its own; the line is not used")});
+        row("a long key", "[camera]\n" + QByteArray(1000, 'k') + "=1\ngamma=2.2\n",
+            {QStringLiteral("2: ") +
+             unknownKey(QString(60, QLatin1Char('k')) + QStringLiteral("..."))});
+        row("a camera on no port", "[camera]\ngamma=2.2\n[camera 2]\nserialNumber=2\nports=,\n",
+            {QStringLiteral("5: [camera 2] ports: \",\" names no port; the camera is on none")});
+        row("what was to be a section", "[camera]\ngamma=2.2\ncamera2]\ngsk=1\n[simulator]\n",
+            {QStringLiteral(
+                "3: [camera]: \"camera2]\" is neither [section] nor key=value; the line "
+                "is not used")});
         row("a key before every section", "gamma=1\n[camera]\ngamma=2.2\n",
             {QStringLiteral("1: \"gamma\" stands before the first [section]; it is not used")});
         row("a key twice", "[camera]\ngamma=2.2\ngamma=1\n",
-            {QStringLiteral("3: \"gamma\" stands in line 2 already; this line is not used")});
+            {QStringLiteral("3: [camera] gamma: stands in line 2 already; the line is not used")});
         row("a section twice", "[camera]\ngamma=2.2\n[camera]\ngamma=1\ngama=1\n",
             {QStringLiteral("3: [camera] stands in line 1 already; what follows up to the next "
                             "section is not used")});
@@ -239,10 +280,11 @@ private Q_SLOTS:
         row("a section that cannot be read", "[camera]\ngamma=2.2\n[camera\x01]\ngsk=1\ngamma=1\n",
             {QStringLiteral("3: control character 0x01; the line is not used")});
         row("several, by their lines", "[camera]\ngama=1\ngamma=2.2\n[kamera]\n???\ngsk=no\n",
-            {QStringLiteral("2: [camera] gama: unknown key"),
+            {QStringLiteral("2: ") + unknownKey(QStringLiteral("gama")),
              QStringLiteral("4: [kamera]: unknown section; there are [simulator], [configuration] "
                             "and [camera...]"),
-             QStringLiteral("5: \"???\" is neither [section] nor key=value")});
+             QStringLiteral(
+                 "5: [kamera]: \"???\" is neither [section] nor key=value; the line is not used")});
     }
 
     void aLineThatIsNoneIsToldByItsNumber()
@@ -369,12 +411,6 @@ private Q_SLOTS:
 
     // ---- several cameras
 
-    void quotesBelongToAValue()
-    {
-        Scene scene("[configuration]\ncommunicationType=\"UART\"\n");
-        QCOMPARE(QByteArray(scene.configuration().getCommunicationType()), QByteArray("\"UART\""));
-    }
-
     void eachCameraAnswersOnItsPorts()
     {
         Scene scene(ini({"[camera-a]", "ports=ttyUSB0, COM3", "serialNumber=1", "[camera-b]",
@@ -413,6 +449,29 @@ private Q_SLOTS:
         QVERIFY(scene.newProblems().value(0).endsWith(QStringLiteral(
             ":3: [camera-b] serialNumber: 20417 is the number of [camera-a]; this camera is "
             "left out")));
+    }
+
+    void aCameraThatGetsNoSerialNumberOfItsOwnIsLeftOut()
+    {
+        Scene scene(ini(
+            {"[camera-a]", "ports=ttyUSB0", "[camera-b]", "ports=ttyUSB1", "serialNumber=abc"}));
+        QVERIFY(scene.open("ttyUSB1") == nullptr);
+        QCOMPARE(scene.newProblems().size(), 1);
+        QVERIFY(
+            scene.read(QStringLiteral("sdk.log"))
+                .contains(":5: [camera-b] serialNumber: \"abc\" is not a whole number from 0 to "
+                          "4294967295; 20417 is the number of [camera-a]; this camera is left "
+                          "out"));
+    }
+
+    void aFileThatCannotBeReadToItsEndIsTold()
+    {
+        Scene scene;
+        Scene::setVariable("TAVREL_SIMULATOR_SETTINGS", QStringLiteral("/proc/self/mem"));
+        scene.restart();
+        QCOMPARE(scene.newProblems().size(), 1);
+        QVERIFY(
+            scene.read(QStringLiteral("sdk.log")).contains("/proc/self/mem: it cannot be read: "));
     }
 
     void aNineHertzCameraRunsAtNineHertzOnly()
