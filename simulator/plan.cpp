@@ -495,16 +495,22 @@ bool Plan::isFor(const Rule& rule, const Call& call)
 
 CallOutcome Plan::decide(const Call& call)
 {
-    const auto rule = std::find_if(rules.begin(), rules.end(), [&call](const Rule& candidate) {
+    const auto first = std::find_if(rules.begin(), rules.end(), [&call](const Rule& candidate) {
         return isFor(candidate, call);
     });
-    if (rule == rules.end()) {
-        return {};
+    CallOutcome outcome;
+    for (auto rule = first; rule != rules.end() && rule->exactness == first->exactness; ++rule) {
+        if (rule != first && !isFor(*rule, call)) {
+            continue;
+        }
+        ++rule->count;
+        // Every call draws, so that the same seed hits the same calls whatever the ranges.
+        const bool drawn = rule->random.fraction() < rule->probability;
+        if (contains(rule->calls, rule->count) && drawn && !outcome.planned) {
+            outcome = rule->outcome;
+        }
     }
-    ++rule->count;
-    // Every call draws, so that the same seed hits the same calls whatever the ranges.
-    const bool drawn = rule->random.fraction() < rule->probability;
-    return contains(rule->calls, rule->count) && drawn ? rule->outcome : CallOutcome{};
+    return outcome;
 }
 
 } // namespace simulator

@@ -73,7 +73,8 @@ public:
     /// Grows when the cameras' power is to be switched off and on.
     [[nodiscard]] qint64 powerCycles() const { return cycles; }
 
-    /// Counts the call and answers what is to become of it.
+    /// Counts the call and answers what is to become of it: that of the first rule that hits it
+    /// among the most exact ones.
     CallOutcome decide(const Call& call);
 
 private:
@@ -110,7 +111,7 @@ private:
     static void readValue(IniFile& ini, const QString& section, Rule& rule);
     static void readRecord(IniFile& ini, const QString& section, Rule& rule);
     void readTable(IniFile& ini, const QString& section, Rule& rule) const;
-    /// Puts the more exact rules first.
+    /// Puts the more exact rules first; those that are equally exact stay as the file has them.
     void sortRules();
 
     QString file;

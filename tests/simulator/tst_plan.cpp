@@ -288,6 +288,16 @@ private Q_SLOTS:
         QCOMPARE(scene.newProblems(), QStringList());
     }
 
+    void ofEquallyExactRulesTheFirstThatHitsDecides()
+    {
+        Planned scene(ini({"[setGsk a]", "calls=1,3", "value=7", "[setGsk b]", "calls=2-3",
+                           "value=8", "[set*]", "value=9"}));
+        ICamera& camera = scene.camera();
+        QCOMPARE(answers(camera, 4), QByteArray("7871"));
+        QCOMPARE(camera.setGfid(1), Flag{9});
+        QCOMPARE(scene.newProblems(), QStringList());
+    }
+
     void aPatternWithManyStarsIsReadAtOnce()
     {
         const QByteArray stars(100'000, '*');
