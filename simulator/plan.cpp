@@ -21,6 +21,7 @@ const QString callsKey = QStringLiteral("calls");
 const QString valueKey = QStringLiteral("value");
 const QString connectionSection = QStringLiteral("connection");
 const QString nothingDone = QStringLiteral("the section does nothing");
+constexpr qint64 longestTick = 2000; ///< of a file system's clock, in milliseconds
 constexpr qint64 forEver = std::numeric_limits<qint64>::max();
 
 /// Whether the pieces, between which any letters may stand, make up the name. Not by a regular
@@ -190,15 +191,26 @@ bool Plan::refresh()
     }
     const QFileInfo info(file);
     const std::pair state(info.lastModified(), info.size());
-    if (lastState == state) {
+    const bool isSame = lastState == state;
+    if (isSame && isSettled) {
         return false;
     }
     lastState = state;
+    // Within one tick a file can change and keep its time. A pipe is read once.
+    isSettled = !info.isFile() || state.first.msecsTo(QDateTime::currentDateTime()) > longestTick;
+    std::optional<IniFile> ini;
+    if (info.exists()) {
+        ini.emplace(file, nothingDone);
+    }
+    const QByteArray now = ini ? ini->content() : QByteArray();
+    if (isSame && now == content) {
+        return false;
+    }
+    content = now;
     rules.clear();
     found.clear();
-    if (isThere()) {
-        IniFile ini(file, nothingDone);
-        read(ini);
+    if (ini) {
+        read(*ini);
     }
     return true;
 }

@@ -115,7 +115,10 @@ private:
     void sortRules();
 
     QString file;
-    std::optional<std::pair<QDateTime, qint64>> lastState; ///< time and size of the file when read
+    // Of the file when it was read: time and size, content, whether the time would tell a change.
+    std::optional<std::pair<QDateTime, qint64>> lastState;
+    QByteArray content;
+    bool isSettled = false;
     qint64 cycles = 0;
     std::vector<Rule> rules; ///< the most exact pattern first
     QStringList found;

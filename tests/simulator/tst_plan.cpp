@@ -590,6 +590,27 @@ private Q_SLOTS:
                 QStringLiteral("notice   the plan has changed: %1").arg(scene.path(planFile))));
     }
 
+    void aPlanThatChangesWithinATickOfTheFilesClockCounts()
+    {
+        // In the future, so that the time that the test takes does not matter.
+        const QDateTime sameTime = QDateTime::currentDateTime().addSecs(3600);
+        Planned scene("[setGsk]\nvalue=0\n");
+        const auto change = [&](const QByteArray& plan) {
+            scene.write(planFile, plan);
+            QFile file(planFile);
+            return file.open(QIODevice::ReadWrite) &&
+                   file.setFileTime(sameTime, QFileDevice::FileModificationTime);
+        };
+        ICamera& camera = scene.camera();
+        for (int value = 1; value < 10; ++value) {
+            QVERIFY(change("[setGsk]\nvalue=" + QByteArray::number(value) + '\n'));
+            QCOMPARE(camera.setGsk(1), static_cast<Flag>(value));
+        }
+        scene.newLog();
+        QCOMPARE(camera.setGsk(1), Flag{9});
+        QCOMPARE(scene.newLog(), QStringList());
+    }
+
     void aPlanMayComeLaterAndGoAgain()
     {
         Scene scene(withPlan);
