@@ -36,6 +36,20 @@ QString reasonAgainstOpening(const QString& path)
     return isNamedPipe(path) ? QStringLiteral("it is a named pipe") : QString();
 }
 
+bool isSameFile(const QString& path, const QString& other)
+{
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const fs::path first = path.toStdU16String();
+    const fs::path second = other.toStdU16String();
+    if (path.isEmpty() || other.isEmpty() || fs::is_other(fs::status(first, error))) {
+        return false;
+    }
+    const fs::path end = fs::weakly_canonical(first, error);
+    return (!end.empty() && end == fs::weakly_canonical(second, error)) ||
+           fs::equivalent(first, second, error);
+}
+
 bool openForAppending(QFile& file, QString* reason)
 {
     *reason = reasonAgainstOpening(file.fileName());

@@ -19,6 +19,10 @@ QString pathFromBytes(const std::string& path);
 /// be, is as good as a file.
 QString reasonAgainstOpening(const QString& path);
 
+/// Whether two paths lead to one file, by whatever links; a file that is not there counts as well.
+/// False for devices and pipes, which hold nothing, and for an empty path.
+bool isSameFile(const QString& path, const QString& other);
+
 /// Opens a text file for writing behind what it holds; it is made if missing. False and the reason
 /// when it cannot be opened.
 bool openForAppending(QFile& file, QString* reason);

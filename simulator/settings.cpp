@@ -228,7 +228,8 @@ void readTable(IniFile& ini, const QString& file, CameraSettings& camera)
         }
     }
     if (const auto path = ini.text(camera.section, fileKey)) {
-        if (const auto content = readFile(resolve(file, *path), tableLength, &reason)) {
+        camera.tableFile = resolve(file, *path);
+        if (const auto content = readFile(camera.tableFile, tableLength, &reason)) {
             camera.table = *content;
         } else {
             ini.addProblem(

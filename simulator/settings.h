@@ -26,7 +26,8 @@ struct CameraSettings {
     QString section; ///< its section in the settings file
     QStringList ports;
     ParameterValues values;
-    QByteArray table; ///< content of the table region
+    QByteArray table;  ///< content of the table region
+    QString tableFile; ///< where it comes from; empty: from no file
 };
 
 /// What happens in the course of time. Everything is off at first: a test that does not ask for it

@@ -3,6 +3,7 @@
 
 #include "simulator/commands.h"
 #include "simulator/ini.h"
+#include "simulator/roles.h"
 
 #include <cstdlib>
 #include <optional>
@@ -41,9 +42,10 @@ void Simulator::restart()
 void Simulator::load()
 {
     settings = Settings::load();
+    QStringList problems = settings.problems + keepRolesApart(settings);
     plan.setFile(settings.safe ? QString() : settings.planFile);
+    problems += plan.problems();
     logWriter.setStrict(settings.strict);
-    QStringList problems = settings.problems + plan.problems();
     if (settings.strict && !settings.safe && !settings.planFile.isEmpty() && !plan.isThere()) {
         problems << QStringLiteral("%1: there is no such file").arg(settings.planFile);
     }

@@ -5,7 +5,9 @@
 #include "tests/simulator/scene.h"
 
 #include <QtCore/QDir>
+#include <QtCore/QDirIterator>
 #include <QtCore/QFile>
+#include <QtCore/QMap>
 #include <QtTest/QTest>
 
 #include <fcntl.h>
@@ -26,6 +28,20 @@ void makePipe(const QString& name)
     if (::mkfifo(QFile::encodeName(name).constData(), S_IRUSR | S_IWUSR) != 0) {
         qFatal("no pipe %s", qPrintable(name));
     }
+}
+
+/// What every file holds, the scene's own log left out.
+QMap<QString, QByteArray> everything(const Scene& scene)
+{
+    QMap<QString, QByteArray> files;
+    QDirIterator file(scene.path({}), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (file.hasNext()) {
+        const QString name = QDir(scene.path({})).relativeFilePath(file.next());
+        if (name != QLatin1String("sdk.log")) {
+            files.insert(name, scene.read(name));
+        }
+    }
+    return files;
 }
 
 } // namespace
@@ -113,6 +129,98 @@ private Q_SLOTS:
         ::close(ends[0]);
         QCOMPARE(output.exitCode, 0);
         QVERIFY(scene.journal().filter(QStringLiteral("getGamma() = 131072")).size() == 1);
+    }
+
+    // ---- one file in two roles
+
+    void aFileInTwoRolesIsToldAndNotWrittenOver_data()
+    {
+        QTest::addColumn<QStringList>("variables");
+        QTest::addColumn<QString>("told"); // %1: the scene's folder
+        const auto row =
+            [](const char* name, const char* first, const char* second, const char* told) {
+                QTest::newRow(name)
+                    << QStringList({QStringLiteral("TAVREL_SIMULATOR_") + QLatin1String(first),
+                                    QStringLiteral("TAVREL_SIMULATOR_") + QLatin1String(second)})
+                    << QString::fromLatin1(told);
+            };
+        row("the settings are the journal", "SETTINGS=set.ini", "JOURNAL=set.ini",
+            "journal %1/set.ini: it is the settings file, too; there is none");
+        row("the settings are the log", "SETTINGS=set.ini", "LOG=set.ini",
+            "log file %1/set.ini: it is the settings file, too; logging to standard error");
+        row("the settings are the plan", "SETTINGS=set.ini", "PLAN=set.ini",
+            "plan %1/set.ini: it is the settings file, too; none is followed");
+        row("the plan is the journal, by a link", "PLAN=plan.ini", "JOURNAL=link",
+            "journal %1/link: it is the plan, too; there is none");
+        row("the plan is the log, by another name", "PLAN=plan.ini", "LOG=name",
+            "log file %1/name: it is the plan, too; logging to standard error");
+        row("a table is the journal", "SETTINGS=table.ini", "JOURNAL=region.bin",
+            "journal %1/region.bin: it is the tableFile of [camera], too; there is none");
+        row("the socket is the log, and not there yet", "CONTROL=new", "LOG=new",
+            "log file %1/new: it is the control socket, too; logging to standard error");
+        row("the socket is the journal, and not there yet, by a link", "CONTROL=new",
+            "JOURNAL=here/new",
+            "journal %1/here/new: it is the control socket, too; there is none");
+    }
+
+    void aFileInTwoRolesIsToldAndNotWrittenOver()
+    {
+        QFETCH(QStringList, variables);
+        QFETCH(QString, told);
+        Scene scene;
+        scene.write(QStringLiteral("set.ini"), "[camera]\ngamma=2\n");
+        scene.write(QStringLiteral("plan.ini"), "[setGsk]\ncalls=1\n");
+        scene.write(QStringLiteral("table.ini"), "[camera]\ntableFile=region.bin\n");
+        scene.write(QStringLiteral("region.bin"), QByteArray(scene::regionSize, '\x11'));
+        QVERIFY(QFile::link(QStringLiteral("plan.ini"), QStringLiteral("link")));
+        QVERIFY(QFile::link(QStringLiteral("."), QStringLiteral("here")));
+        QCOMPARE(::link("plan.ini", "name"), 0);
+        const QMap<QString, QByteArray> before = everything(scene);
+        const QString problem = QStringLiteral("problem  ") + told.arg(QDir::currentPath());
+        const Output ended = run(QStringList(strict) + variables);
+        QCOMPARE(ended.exitCode, 2);
+        QCOMPARE(withoutTime(ended.standardError), QStringList(problem));
+        QCOMPARE(everything(scene), before);
+        const Output output = run(variables);
+        QCOMPARE(output.exitCode, 0);
+        QCOMPARE(withoutTime(output.standardError).value(0), problem);
+        QCOMPARE(everything(scene), before);
+    }
+
+    void theLogIsNotTheJournal()
+    {
+        Scene scene;
+        scene.write(QStringLiteral("other.log"), "of before\n");
+        const QStringList variables = {QStringLiteral("TAVREL_SIMULATOR_LOG=other.log"),
+                                       QStringLiteral("TAVREL_SIMULATOR_JOURNAL=other.log")};
+        const QString problem =
+            QStringLiteral("problem  journal %1: it is the log file, too; there is none")
+                .arg(scene.path(QStringLiteral("other.log")));
+        const Output ended = run(QStringList(strict) + variables);
+        QCOMPARE(ended.exitCode, 2);
+        QCOMPARE(withoutTime(ended.standardError), QStringList(problem));
+        QCOMPARE(scene.read(QStringLiteral("other.log")), QByteArray("of before\n"));
+        QCOMPARE(run(variables).exitCode, 0);
+        const QStringList lines = scene::linesOf(scene.read(QStringLiteral("other.log")));
+        QCOMPARE(lines.value(0), QStringLiteral("of before"));
+        QCOMPARE(withoutTime(lines.mid(1, 1)), QStringList(problem));
+        QVERIFY(lines.filter(QStringLiteral("getGamma()")).isEmpty());
+    }
+
+    void aDeviceMayHaveTwoRoles_data()
+    {
+        QTest::addColumn<QString>("device");
+        QTest::newRow("nowhere") << QStringLiteral("/dev/null");
+        QTest::newRow("standard error") << QStringLiteral("/dev/stderr");
+    }
+
+    void aDeviceMayHaveTwoRoles()
+    {
+        QFETCH(QString, device);
+        Scene scene;
+        const Output output = run({strict, QStringLiteral("TAVREL_SIMULATOR_LOG=") + device,
+                                   QStringLiteral("TAVREL_SIMULATOR_JOURNAL=") + device});
+        QCOMPARE(output.exitCode, 0);
     }
 
     // ---- devices
