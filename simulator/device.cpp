@@ -36,11 +36,11 @@ bool accepts(Parameter parameter, double value)
 
 } // namespace
 
-Device::Device(CameraSettings factorySettings, const Surroundings& around)
+Device::Device(CameraSettings factorySettings, const Surroundings& around, bool isFresh)
     : surroundings(around), factory(std::move(factorySettings)), values(factory.values),
       table(factory.table)
 {
-    if (surroundings.memory.loadCamera(nameInMemory(), values, table)) {
+    if (!isFresh && surroundings.memory.loadCamera(nameInMemory(), values, table)) {
         count(Parameter::startups, 1);
     }
     switchOn();
@@ -62,6 +62,7 @@ void Device::cyclePower()
     }
     count(Parameter::startups, 1);
     switchOn();
+    keep();
 }
 
 void Device::switchOn()
@@ -72,7 +73,6 @@ void Device::switchOn()
     minutesCounted = 0;
     nucEnd = 0;
     shutterMovedByNuc = false;
-    keep();
 }
 
 void Device::passTime()
@@ -93,6 +93,11 @@ void Device::count(Parameter parameter, double more)
 void Device::keep() const
 {
     surroundings.memory.saveCamera(nameInMemory(), values);
+}
+
+void Device::forget() const
+{
+    surroundings.memory.forgetCamera(nameInMemory());
 }
 
 void Device::writeTable(const QByteArray& region)

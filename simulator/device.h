@@ -30,8 +30,14 @@ struct Surroundings {
 
 class Device {
 public:
-    /// A camera that has just been switched on, with what its memory kept.
-    Device(CameraSettings factorySettings, const Surroundings& around);
+    /// A camera that has just been switched on, with what its memory kept, or fresh from the
+    /// factory. The memory stays as it is until keep.
+    Device(CameraSettings factorySettings, const Surroundings& around, bool isFresh);
+
+    /// Writes the values to the memory.
+    void keep() const;
+    /// Forgets in the memory what an earlier start has kept.
+    void forget() const;
 
     /// Switches the power off and on.
     void cyclePower();
@@ -97,8 +103,6 @@ private:
     void count(Parameter parameter, double more);
     [[nodiscard]] float temperature(Parameter parameter) const;
     void switchOn();
-    /// Writes the values to the memory.
-    void keep() const;
     /// Its serial number in the settings, whatever number it has been given since.
     [[nodiscard]] std::uint32_t nameInMemory() const;
     [[nodiscard]] bool isNucRunning() const;

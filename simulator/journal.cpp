@@ -28,10 +28,17 @@ QString Journal::setFile(const QString& path)
     }
     file.setFileName(path);
     QString reason;
-    if (openForAppending(file, &reason) && file.size() > 0 && !file.resize(0)) {
-        reason = file.errorString();
-        file.close();
+    openForAppending(file, &reason);
+    return reason;
+}
+
+QString Journal::begin()
+{
+    if (!file.isOpen() || file.size() == 0 || file.resize(0)) {
+        return {};
     }
+    QString reason = file.errorString();
+    file.close();
     return reason;
 }
 

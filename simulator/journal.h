@@ -53,9 +53,11 @@ struct JournalEntry {
 
 class Journal {
 public:
-    /// Starts the journal in the file, which is emptied; an empty path means no journal. Returns
-    /// the reason when the file cannot be opened.
+    /// Opens the file, which is made if missing and keeps what it holds; an empty path means no
+    /// journal. Returns the reason when the file cannot be opened.
     QString setFile(const QString& path);
+    /// Empties the file: the journal begins. Returns the reason when it cannot, and there is none.
+    QString begin();
     /// Whether calls are written down: their texts need not be made up otherwise.
     [[nodiscard]] bool isOn() const { return file.isOpen(); }
     /// Nothing happens without a file.

@@ -6,6 +6,7 @@
 #include "simulator/roles.h"
 
 #include <cstdlib>
+#include <mutex>
 #include <optional>
 #include <utility>
 
@@ -45,53 +46,87 @@ void Simulator::load()
     QStringList problems = settings.problems + keepRolesApart(settings);
     plan.setFile(settings.safe ? QString() : settings.planFile);
     problems += plan.problems();
-    logWriter.setStrict(settings.strict);
     if (settings.strict && !settings.safe && !settings.planFile.isEmpty() && !plan.isThere()) {
         problems << QStringLiteral("%1: there is no such file").arg(settings.planFile);
     }
-    if (settings.strict) {
-        // Before any file is written, and the log is one.
-        logWriter.problems(problems);
-    }
-    logWriter.setFile(settings.logFile);
+    logWriter.setStrict(settings.strict);
+    // What ends a strict program is told before any file is written, and the log is one.
+    logWriter.setFile(settings.strict ? QString() : settings.logFile);
     logWriter.problems(problems);
-    if (const QString reason = journalWriter.setFile(settings.journalFile); !reason.isEmpty()) {
-        logWriter.problem(
-            QStringLiteral("journal %1: %2; there is none").arg(settings.journalFile, reason));
-    }
     timePiece = Clock(settings.behaviour.manualClock ? 0 : 1);
     powerCyclesDone = plan.powerCycles();
 
+    bool listening = !settings.controlFile.isEmpty();
+    entrance.setOn(listening);
+    {
+        // Whoever sends a command waits until everything is there.
+        const std::lock_guard entry(entrance);
+        // All that may fail comes before what destroys something.
+        remember();
+        openFiles();
+        listening = listening && listen();
+        begin();
+    }
+    if (!listening) {
+        entrance.setOn(false);
+    }
+}
+
+void Simulator::remember()
+{
     memory.setFolder(settings.memoryFolder);
+    ConfigurationValues values = settings.configuration;
+    if (!settings.factoryFresh) {
+        memory.loadConfiguration(values);
+    }
+    configurationObject.load(values);
+    for (const CameraSettings& camera : settings.cameras) {
+        devices.push_back(std::make_unique<Device>(
+            camera, Surroundings{timePiece, memory, settings.behaviour}, settings.factoryFresh));
+    }
+}
+
+void Simulator::openFiles()
+{
+    if (settings.strict) {
+        logWriter.setFile(settings.logFile);
+    }
+    if (const QString reason = journalWriter.setFile(settings.journalFile); !reason.isEmpty()) {
+        reportJournal(reason);
+    }
+}
+
+void Simulator::reportJournal(const QString& reason)
+{
+    logWriter.problem(
+        QStringLiteral("journal %1: %2; there is none").arg(settings.journalFile, reason));
+}
+
+bool Simulator::listen()
+{
+    // At the end of the program: the thread must not see what is taken down then.
+    [[maybe_unused]] static const int registered = std::atexit([] { instance().listener.stop(); });
+    const QString reason = listener.start(settings.controlFile, answerTo);
+    if (!reason.isEmpty()) {
+        logWriter.problem(QStringLiteral("control %1: %2; no commands are taken")
+                              .arg(settings.controlFile, reason));
+    }
+    return reason.isEmpty();
+}
+
+void Simulator::begin()
+{
     if (settings.factoryFresh) {
         memory.forgetConfiguration();
     }
-    ConfigurationValues values = settings.configuration;
-    memory.loadConfiguration(values);
-    configurationObject.load(values);
-    for (const CameraSettings& camera : settings.cameras) {
+    for (const auto& device : devices) {
         if (settings.factoryFresh) {
-            memory.forgetCamera(as<std::uint32_t>(
-                camera.values[static_cast<std::size_t>(Parameter::serialNumber)]));
+            device->forget();
         }
-        devices.push_back(
-            std::make_unique<Device>(camera, Surroundings{timePiece, memory, settings.behaviour}));
+        device->keep();
     }
-    listen();
-}
-
-void Simulator::listen()
-{
-    if (settings.controlFile.isEmpty()) {
-        return;
-    }
-    // At the end of the program: the thread must not see what is taken down then.
-    [[maybe_unused]] static const int registered = std::atexit([] { instance().listener.stop(); });
-    entrance.setOn(true);
-    if (const QString reason = listener.start(settings.controlFile, answerTo); !reason.isEmpty()) {
-        entrance.setOn(false);
-        logWriter.problem(QStringLiteral("control %1: %2; no commands are taken")
-                              .arg(settings.controlFile, reason));
+    if (const QString reason = journalWriter.begin(); !reason.isEmpty()) {
+        reportJournal(reason);
     }
 }
 

@@ -80,8 +80,15 @@ public:
 private:
     Simulator();
     void load();
-    /// Takes commands from other processes where that is asked for.
-    void listen();
+    /// Switches the cameras on as the memory kept them.
+    void remember();
+    void openFiles();
+    void reportJournal(const QString& reason);
+    /// Takes commands from other processes. False when it cannot.
+    bool listen();
+    /// Forgets what is to be forgotten, keeps that the cameras have started, and empties the
+    /// journal.
+    void begin();
     void followPlan();
     CallOutcome outcomeOf(const Call& call);
     /// What rules broke must not outlive them. An empty one stands for the plan's.

@@ -223,6 +223,56 @@ private Q_SLOTS:
         QCOMPARE(output.exitCode, 0);
     }
 
+    // ---- strict
+
+    void aStrictProgramThatEndsHasDestroyedNothing_data()
+    {
+        QTest::addColumn<QStringList>("variables");
+        QTest::addColumn<bool>("isInUse");
+        QTest::addColumn<bool>("isDamaged");
+        const QString fresh = QStringLiteral("TAVREL_SIMULATOR_FACTORY_FRESH=1");
+        const QString journal = QStringLiteral("TAVREL_SIMULATOR_JOURNAL=calls.txt");
+        QTest::newRow("the memory is in use") << QStringList({fresh, journal}) << true << false;
+        QTest::newRow("the memory is damaged")
+            << QStringList({journal, QStringLiteral("TAVREL_SIMULATOR_LOG=new.log")}) << false
+            << true;
+        QTest::newRow("the socket cannot be made")
+            << QStringList({fresh, journal, QStringLiteral("TAVREL_SIMULATOR_CONTROL=none/socket")})
+            << false << false;
+        QTest::newRow("the log cannot be opened")
+            << QStringList({fresh, journal, QStringLiteral("TAVREL_SIMULATOR_LOG=kept")}) << false
+            << false;
+        QTest::newRow("the journal cannot be opened")
+            << QStringList({fresh, QStringLiteral("TAVREL_SIMULATOR_JOURNAL=kept")}) << false
+            << false;
+    }
+
+    void aStrictProgramThatEndsHasDestroyedNothing()
+    {
+        QFETCH(QStringList, variables);
+        QFETCH(bool, isInUse);
+        QFETCH(bool, isDamaged);
+        Scene scene("[simulator]\nmemory=kept\n");
+        scene.camera().setGamma(144179);
+        QByteArray table(scene::regionSize, '\x11');
+        scene.camera().writeTableData(4096, 8192, 8, table.data());
+        scene.sdk().saveConfiguration();
+        scene.write(QStringLiteral("calls.txt"), "of before\n");
+        if (isDamaged) {
+            scene.write(QStringLiteral("kept/camera-20417.ini"), "rubbish");
+        }
+        if (!isInUse) {
+            scene.restart("[camera]\n");
+        }
+        const QMap<QString, QByteArray> before = everything(scene);
+        QVERIFY(before.size() > 4);
+        const Output output =
+            run(QStringList({strict, QStringLiteral("TAVREL_SIMULATOR_MEMORY=kept")}) + variables);
+        QCOMPARE(output.exitCode, 2);
+        QCOMPARE(output.standardError.size(), 1);
+        QCOMPARE(everything(scene), before);
+    }
+
     // ---- devices
 
     void aDeviceAsLogIsWrittenToWithoutAnyOtherWord_data()
