@@ -23,6 +23,7 @@ public:
     {
         start();
         edit.setValidator(this);
+        connect(&edit, &QLineEdit::textEdited, this, [this](const QString& text) { typed = text; });
         spinBox.installEventFilter(this);
     }
 
@@ -85,7 +86,8 @@ private:
         QString text = edit.text();
         int position = 0;
         const bool isNumber = spinBox.validate(text, position) == Acceptable;
-        if (ambiguous ||
+        // A step or the slider may have set another value: what was typed counts no more.
+        if ((ambiguous && edit.text() == typed) ||
             (!isNumber && text.contains(decimalSign()) && !hasOnlySpareDecimals(text))) {
             spinBox.setProperty("value", before);
         }
@@ -104,6 +106,7 @@ private:
     QAbstractSpinBox& spinBox;
     QLineEdit& edit;
     QVariant before; ///< the value at the beginning of the edit
+    QString typed;   ///< what the last key or paste left
     mutable bool ambiguous = false;
 };
 

@@ -7,6 +7,7 @@
 #include <QtGui/QClipboard>
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QSlider>
 
 #include <cmath>
 
@@ -179,6 +180,32 @@ private Q_SLOTS:
         user.press("sharpeningGainEdit", Qt::Key_5);
         user.press("sharpeningGainEdit", Qt::Key_Tab);
         QCOMPARE(user.text("sharpeningGainEdit"), QStringLiteral("7.5"));
+    }
+
+    void aValueThatTakesThePlaceOfWhatWasTypedIsSent_data()
+    {
+        QTest::addColumn<bool>("bySlider");
+        QTest::newRow("by a key") << false;
+        QTest::newRow("by the slider") << true;
+    }
+
+    void aValueThatTakesThePlaceOfWhatWasTypedIsSent()
+    {
+        QFETCH(bool, bySlider);
+        kit::Operator user;
+        connectCamera(user);
+        user.type("sharpeningGainEdit", "1,5", Qt::Key_unknown);
+        if (bySlider) {
+            user.find<QSlider>("sharpeningGainSlider").setValue(7);
+        } else {
+            user.press("sharpeningGainEdit", Qt::Key_Up);
+        }
+        const QString shown = user.text("sharpeningGainEdit");
+        QVERIFY(shown != QStringLiteral("1.5"));
+        user.forget();
+        user.press("sharpeningGainEdit", Qt::Key_Tab);
+        QCOMPARE(user.text("sharpeningGainEdit"), shown);
+        QCOMPARE(user.calls().size(), 1);
     }
 
     void anEditGoesBackToWhatTheEditBeforeItLeft()
