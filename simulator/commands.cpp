@@ -4,6 +4,7 @@
 #include "simulator/control.h"
 #include "simulator/fields.h"
 #include "simulator/ini.h"
+#include "simulator/pairs.h"
 #include "simulator/simulator.h"
 
 #include <QtCore/QString>
@@ -80,8 +81,13 @@ QByteArray state()
 Reply countCalls(const QString& operation)
 {
     const std::int64_t count = ombrix_simulator::calls(operation.toStdString());
-    return count < 0 ? refusal(QStringLiteral("there is no operation %1").arg(quoted(operation)))
-                     : Reply{Status::Done, QByteArray::number(qint64{count})};
+    if (count >= 0) {
+        return {Status::Done, QByteArray::number(qint64{count})};
+    }
+    return refusal(isInLibrary(operation)
+                       ? QStringLiteral("calls of %1 are not counted").arg(operation)
+                       : QStringLiteral("there is no operation %1, see simulator-reference.md")
+                             .arg(quoted(operation)));
 }
 
 QByteArray allCalls()
@@ -104,6 +110,16 @@ template<typename Action> Reply withNumber(Kind kind, const QString& text, Actio
                   : refusal(QStringLiteral("%1 is not %2").arg(quoted(text), describeKind(kind)));
 }
 
+/// Puts the section of one operation: no pair may begin another one.
+Reply putFault(const QString& operation, const QStringList& pairs)
+{
+    if (const QString reason = reasonAgainstPairs(pairs); !reason.isEmpty()) {
+        return refusal(reason + QStringLiteral("; nothing is changed"));
+    }
+    return replyOf(ombrix_simulator::putFault(
+        QStringLiteral("[%1]\n%2").arg(operation, pairs.join(QLatin1Char('\n'))).toStdString()));
+}
+
 Reply carryOut(Command command, const QStringList& words)
 {
     const std::string first = words.value(0).toStdString();
@@ -116,7 +132,7 @@ Reply carryOut(Command command, const QStringList& words)
     case Command::set:
         return replyOf(ombrix_simulator::set(first, lines));
     case Command::fault:
-        return replyOf(ombrix_simulator::putFault('[' + first + "]\n" + lines));
+        return putFault(words.at(0), words.mid(1));
     case Command::lift:
         return replyOf(ombrix_simulator::liftFault(first));
     case Command::calls:
@@ -154,8 +170,11 @@ QString reasonAgainst(const QByteArray& request)
         const auto code = static_cast<unsigned char>(byte);
         return byte == '\n' || (code >= firstPrintable && code != deleted);
     });
+    if (!printable) {
+        return QStringLiteral("a command has no control characters");
+    }
     const bool text = !QString::fromUtf8(request).contains(QChar::ReplacementCharacter);
-    return printable && text ? QString() : QStringLiteral("a command is text in UTF-8");
+    return text ? QString() : QStringLiteral("a command is text in UTF-8");
 }
 
 } // namespace

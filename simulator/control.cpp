@@ -2,6 +2,7 @@
 #include "simulator/control.h"
 
 #include "simulator/ini.h"
+#include "simulator/pairs.h"
 #include "simulator/simulator.h"
 
 #include <QtCore/QStringList>
@@ -55,10 +56,14 @@ template<typename Action> Answer withCamera(const std::string& name, Action acti
     }
     QStringList known;
     for (const auto& device : simulator.cameras()) {
-        known << device->settings().section;
+        known << QStringLiteral("%1 with the serial number %2")
+                     .arg(quoted(device->settings().section),
+                          formatField(Kind::Word, device->get<double>(Parameter::serialNumber)));
     }
-    return refused(QStringLiteral("there is no camera %1; there are %2")
-                       .arg(quoted(text), known.join(QStringLiteral(", "))));
+    return refused(QStringLiteral("there is no camera %1; there %2 %3")
+                       .arg(quoted(text),
+                            known.size() == 1 ? QStringLiteral("is") : QStringLiteral("are"),
+                            known.join(QStringLiteral(", "))));
 }
 
 QString valueOf(const Device& device, const ParameterFacts& facts)
@@ -128,6 +133,14 @@ Answer get(const std::string& camera, const std::string& key)
 Answer set(const std::string& camera, const std::string& values)
 {
     return withCamera(camera, [&](Device& device) {
+        QStringList lines;
+        for (const QString& line : QString::fromStdString(values).split(QLatin1Char('\n'))) {
+            lines << line.trimmed();
+        }
+        lines.removeAll(QString());
+        if (const QString reason = reasonAgainstPairs(lines); !reason.isEmpty()) {
+            return refused(QStringLiteral("%1; %2").arg(reason, nothingChanged));
+        }
         const QString& section = device.settings().section;
         IniFile ini({}, nothingChanged,
                     '[' + section.toUtf8() + "]\n" + QByteArray::fromStdString(values));
@@ -136,10 +149,6 @@ Answer set(const std::string& camera, const std::string& values)
         const QStringList problems = ini.problems();
         if (!problems.isEmpty()) {
             return refused(problems);
-        }
-        if (changes.empty() || ini.sections().size() > 1) {
-            return refused(QStringLiteral("%1 is not lines of key=value; %2")
-                               .arg(quoted(QString::fromStdString(values)), nothingChanged));
         }
         device.impose(changes);
         return done();

@@ -52,7 +52,7 @@ OMBRIX_SDK_API Answer putFault(const std::string& sections);
 OMBRIX_SDK_API Answer liftFault(const std::string& section = {});
 
 /// How often an operation has been called since the start, by its name in plans and journal; -1
-/// when there is no such operation. Calls of a closed camera do not count.
+/// for one that plans do not know. Calls of a closed camera do not count.
 OMBRIX_SDK_API std::int64_t calls(const std::string& operation);
 
 /// Milliseconds of the simulator's clock since its start.

@@ -24,6 +24,8 @@ public:
     /// the memory stays off: two that write into it would undo each other's changes. An empty path
     /// switches it off.
     void setFolder(const QString& path);
+    /// Empty while the memory is off.
+    [[nodiscard]] const QString& folderInUse() const { return folder; }
     /// Deletes what is kept of a camera.
     void forgetCamera(std::uint32_t serialNumber);
     void forgetConfiguration();

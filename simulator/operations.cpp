@@ -7,6 +7,7 @@
 
 #include <QtCore/QStringList>
 
+#include <algorithm>
 #include <array>
 #include <initializer_list>
 #include <limits>
@@ -174,6 +175,16 @@ std::optional<Operation> operationNamed(const QString& name)
         }
     }
     return std::nullopt;
+}
+
+bool isInLibrary(const QString& name)
+{
+    constexpr auto names = std::to_array<const char*>({
+#define OPERATION(Interface, Result, name, arguments) #name,
+#include "sdk/operations.def"
+    });
+    return std::any_of(names.begin(), names.end(),
+                       [&name](const char* known) { return name == QLatin1String(known); });
 }
 
 std::optional<NumberArgument> argumentNamed(Operation operation, const QString& name)

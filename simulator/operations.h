@@ -48,6 +48,9 @@ QString nameOf(Operation operation);
 /// The operation of a name, or nothing.
 std::optional<Operation> operationNamed(const QString& name);
 
+/// Whether the library has an operation of this name, one without faults included.
+bool isInLibrary(const QString& name);
+
 /// An argument that is a number.
 struct NumberArgument {
     std::size_t place;    ///< among the operation's arguments

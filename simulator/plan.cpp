@@ -304,10 +304,13 @@ std::optional<Plan::Rule> Plan::readRule(IniFile& ini, const QString& section) c
     }
     rule.operations = matchingOperations(rule.pattern);
     if (rule.operations.none()) {
-        ini.rejectSection(section, QStringLiteral("no operation %1, see simulator-reference.md; %2")
-                                       .arg(rule.isGroup() ? QStringLiteral("of a camera fits")
-                                                           : QStringLiteral("has this name"),
-                                            nothingDone));
+        QString reason = QStringLiteral("there are no faults of this operation");
+        if (!isInLibrary(rule.pattern)) {
+            reason = QStringLiteral("no operation %1, see simulator-reference.md")
+                         .arg(rule.isGroup() ? QStringLiteral("of a camera fits")
+                                             : QStringLiteral("has this name"));
+        }
+        ini.rejectSection(section, QStringLiteral("%1; %2").arg(reason, nothingDone));
         return std::nullopt;
     }
     if (const auto text = ini.text(section, callsKey)) {

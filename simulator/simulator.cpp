@@ -148,7 +148,7 @@ void Simulator::introduce()
     }
     logWriter.notice(QStringLiteral("settings: %1; memory: %2; plan: %3; seed: %4")
                          .arg(named(settings.file, QStringLiteral("built in")),
-                              named(settings.memoryFolder, QStringLiteral("off")), planName,
+                              named(memory.folderInUse(), QStringLiteral("off")), planName,
                               QString::number(settings.behaviour.seed)));
     for (const auto& device : devices) {
         logWriter.notice(device->description());

@@ -348,23 +348,35 @@ private Q_SLOTS:
                 << QString::fromLatin1(command) << exitCode << QString::fromLatin1(told);
         };
         row("set camera|gama=1", 1, "[camera] gama: unknown key; there are ");
-        row("set camera|gsk=1|gsk=x", 1,
-            "[camera] gsk: stands in line 2 already; nothing is changed");
+        row("set camera|gsk=1|gsk=x", 1, "\"gsk\" is given twice; nothing is changed\n");
+        row("set camera|gsk", 1, "\"gsk\" is not key=value; nothing is changed\n");
+        row("set camera|gsk=1|; gms=3", 1, "\"; gms=3\" is not key=value; nothing is changed\n");
+        row("set camera|gsk=1|[camera]", 1, "\"[camera]\" is not key=value; nothing is changed\n");
         row("set camera|gsk=1|frameRate=256", 1,
             "[camera] frameRate: \"256\" is not a whole number from 0 to 255; nothing is changed");
-        row("set kamera|gsk=1", 1, "there is no camera \"kamera\"; there are camera\n");
+        row("set kamera|gsk=1", 1,
+            "there is no camera \"kamera\"; there is \"camera\" with the serial number 20417\n");
         row("set camera", 2, "usage: set CAMERA KEY=VALUE...\n");
         row("get camera|gama", 1, "unknown key \"gama\"; there are ");
         row("get camera|gsk|gms", 2, "usage: get CAMERA [KEY]\n");
         row("fault setGama|value=1", 1,
             "[setGama]: no operation has this name, see simulator-reference.md; the section does "
             "nothing\n");
+        row("fault closeCamera|value=0", 1,
+            "[closeCamera]: there are no faults of this operation; the section does nothing\n");
+        row("fault getGsk|calls=2|; value=0", 1,
+            "\"; value=0\" is not key=value; nothing is changed\n");
+        row("fault getGsk|calls=2|[getGms]|value=1", 1,
+            "\"[getGms]\" is not key=value; nothing is changed\n");
+        row("fault getGsk|value=2|value=3", 1, "\"value\" is given twice; nothing is changed\n");
         row("fault setGsk|value=256", 1,
             "[setGsk] value: \"256\" is not a whole number from 0 to 255; the section does "
             "nothing");
         row("lift setGsk", 1, "no fault \"setGsk\" was put; there are none\n");
-        row("calls getGks", 1, "there is no operation \"getGks\"\n");
-        row("pull kamera", 1, "there is no camera \"kamera\"; there are camera\n");
+        row("calls getGks", 1, "there is no operation \"getGks\", see simulator-reference.md\n");
+        row("calls closeCamera", 1, "calls of closeCamera are not counted\n");
+        row("calls initialize", 1, "calls of initialize are not counted\n");
+        row("pull kamera", 1, "there is no camera \"kamera\"; there is ");
         row("plug camera", 1, "[camera] is plugged in already\n");
         row("advance -1", 1, "\"-1\" is not a whole number from 0 to 4294967295\n");
         row("speed fast", 1, "\"fast\" is not a number\n");
@@ -373,7 +385,9 @@ private Q_SLOTS:
         row("warm", 2,
             "there is no command \"warm\"; there are list, get, set, fault, lift, calls, pull, "
             "plug, power, advance, speed\n");
-        row("set camera|gsk=\x1b", 2, "a command is text in UTF-8\n");
+        row("set camera|gsk=\x1b", 2, "a command has no control characters\n");
+        row("set camera|gsk=1\t", 2, "a command has no control characters\n");
+        row("set camera|gsk=1\r", 2, "a command has no control characters\n");
     }
 
     void aWrongCommandIsRefusedAndChangesNothing()
@@ -548,6 +562,9 @@ private Q_SLOTS:
         RawPeer endless(socket);
         QVERIFY(endless.send(QByteArray(65'537, 'x')));
         QCOMPARE(endless.answer(), QByteArray("2\na command has at most 65536 bytes\n"));
+        RawPeer other(socket);
+        QVERIFY(other.send("set\ncamera\ngsk=\xff"));
+        QCOMPARE(other.answer(), QByteArray("2\na command is text in UTF-8\n"));
         QCOMPARE(simulator.tell("get camera gsk").standardOutput, QStringLiteral("6\n"));
     }
 
@@ -683,7 +700,7 @@ private Q_SLOTS:
         }
         int status = -1;
         QCOMPARE(waitpid(child, &status, 0), child);
-        QCOMPARE(status, 0);
+        QVERIFY(WIFEXITED(status));
         QCOMPARE(simulator.tell("get camera gsk").standardOutput, QStringLiteral("6\n"));
     }
 

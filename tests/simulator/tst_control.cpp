@@ -164,7 +164,8 @@ private Q_SLOTS:
                                 << QString::fromLatin1(message);
         };
         row("unknown camera", "camera", "gsk=1",
-            "there is no camera \"camera\"; there are camera left, camera right");
+            "there is no camera \"camera\"; there are \"camera left\" with the serial number 1, "
+            "\"camera right\" with the serial number 2");
         row("unknown key", "camera left", "gsk=1\ngama=2",
             "[camera left] gama: unknown key; there are serialNumber, ");
         row("another kind", "camera left", "gsk=much",
@@ -175,15 +176,14 @@ private Q_SLOTS:
             "changed");
         row("a number of another camera", "camera left", "gsk=1\nserialNumber=2",
             "[camera left] serialNumber: 2 is the number of [camera right]; nothing is changed");
-        row("no value", "camera left", "gsk",
-            "[camera left]: \"gsk\" is neither [section] nor key=value; nothing is changed");
-        row("nothing", "camera left", "", "\"\" is not lines of key=value; nothing is changed");
+        row("no value", "camera left", "gsk", "\"gsk\" is not key=value; nothing is changed");
+        row("nothing", "camera left", "", "there is no key=value; nothing is changed");
         row("a section", "camera left", "gsk=1\n[camera right]",
-            "\"gsk=1\n[camera right]\" is not lines of key=value; nothing is changed");
-        row("a key twice", "camera left", "gsk=1\ngsk=2",
-            "[camera left] gsk: stands in line 2 already; nothing is changed");
+            "\"[camera right]\" is not key=value; nothing is changed");
+        row("a key twice", "camera left", "gsk=1\n gsk = 2",
+            "\"gsk\" is given twice; nothing is changed");
         row("random bytes", "camera left", "gsk=1\n\x1b\xff",
-            "[camera left]: control character 0x1b; nothing is changed");
+            "a line is no text; nothing is changed");
     }
 
     void aChangeThatCannotBeMadeChangesNothingAndSaysWhy()
@@ -203,7 +203,8 @@ private Q_SLOTS:
     {
         Scene scene;
         QCOMPARE(refusal(ombrix_simulator::get("camera 2")),
-                 QStringLiteral("there is no camera \"camera 2\"; there are camera"));
+                 QStringLiteral("there is no camera \"camera 2\"; there is \"camera\" with the "
+                                "serial number 20417"));
         QVERIFY(refusal(ombrix_simulator::get("camera", "gama"))
                     .startsWith(QStringLiteral("unknown key \"gama\"; there are serialNumber, ")));
     }

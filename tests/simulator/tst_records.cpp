@@ -413,6 +413,11 @@ private Q_SLOTS:
                                  .arg(QDir::currentPath());
         QCOMPARE(withoutTime(second.standardError).filter(QStringLiteral("problem")),
                  QStringList(told));
+        const QStringList start =
+            withoutTime(second.standardError).filter(QStringLiteral("notice   settings:"));
+        QCOMPARE(start.size(), exitCode == 0 ? 1 : 0);
+        QVERIFY2(exitCode != 0 || start[0].contains(QStringLiteral("; memory: off; ")),
+                 qPrintable(start.value(0)));
         QCOMPARE(scene.read(cameraFile), before);
         QCOMPARE(scene.read(QStringLiteral("kept/camera-20417.table")), table);
         // The first goes on keeping what it does.
