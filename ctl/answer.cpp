@@ -16,6 +16,21 @@ bool progressIsShown = false;
 
 } // namespace
 
+QString printable(const QString& text)
+{
+    constexpr int digits = 4;
+    constexpr int hexadecimal = 16;
+    QString shown;
+    for (const QChar character : text) {
+        const QChar::Category category = character.category();
+        const bool acts = category == QChar::Other_Control || category == QChar::Other_Format;
+        shown += acts ? QStringLiteral("\\u%1").arg(int{character.unicode()}, digits, hexadecimal,
+                                                    QLatin1Char('0'))
+                      : QString(character);
+    }
+    return shown;
+}
+
 void Answer::table(const std::vector<QStringList>& rows)
 {
     std::vector<int> widths;
@@ -96,8 +111,10 @@ void endProgress()
 void complain(const QString& text)
 {
     endProgress();
-    const QByteArray line = "tavrelctl: " + text.toLocal8Bit() + '\n';
-    std::fputs(line.constData(), stderr);
+    QStringList lines = text.split(QLatin1Char('\n'));
+    std::transform(lines.begin(), lines.end(), lines.begin(), &printable);
+    const QByteArray told = "tavrelctl: " + lines.join(QLatin1Char('\n')).toLocal8Bit() + '\n';
+    std::fputs(told.constData(), stderr);
 }
 
 void complain(const Failure& failure, bool asJson)

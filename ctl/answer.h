@@ -13,11 +13,14 @@
 
 namespace tavrel::ctl {
 
+/// A text with what would act on a terminal, instead of being seen there, written as "\u001b".
+QString printable(const QString& text);
+
 class Answer {
 public:
     QJsonObject json;
 
-    void line(const QString& text) { lines.append(text); }
+    void line(const QString& text) { lines.append(printable(text)); }
 
     /// Rows whose columns stand below each other.
     void table(const std::vector<QStringList>& rows);
@@ -40,7 +43,7 @@ void showProgress(const QString& what);
 /// Erases that line where one stands; needed before anything else is written there.
 void endProgress();
 
-/// Writes a line to standard error.
+/// Writes a line to standard error, or several.
 void complain(const QString& text);
 
 /// Says why the program ends: on standard error, and as the answer where that is a document.

@@ -2,6 +2,7 @@
 #include "ctl/profile.h"
 
 #include "bpr/storage.h"
+#include "ctl/answer.h"
 #include "ctl/failure.h"
 #include "ctl/replace.h"
 #include "ctl/session.h"
@@ -39,9 +40,10 @@ int lineOf(const toml::node& node)
     return static_cast<int>(node.source().begin.line);
 }
 
+/// What stands in a profile; on a terminal it does nothing but be seen.
 QString textOf(std::string_view bytes)
 {
-    return QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size()));
+    return printable(QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size())));
 }
 
 QByteArray contentOf(const QString& file)
@@ -61,8 +63,8 @@ QByteArray contentOf(const QString& file)
     return content;
 }
 
-/// A value as it would be written on the command line; empty when it is none.
-QString written(const Parameter& parameter, const toml::node& node)
+/// A value as it would be written on the command line; none when it is something else.
+std::optional<QString> written(const Parameter& parameter, const toml::node& node)
 {
     if (const auto* const text = node.as_string()) {
         return textOf(text->get());
@@ -77,7 +79,26 @@ QString written(const Parameter& parameter, const toml::node& node)
     if (const auto* const real = node.as_floating_point()) {
         return QString::number(real->get(), 'g', QLocale::FloatingPointShortest);
     }
-    return {};
+    return std::nullopt;
+}
+
+const char* kindOf(const toml::node& node)
+{
+    return node.is_table() ? "a table" : node.is_array() ? "a list" : "a date or time";
+}
+
+/// Why a profile cannot have this there.
+QString problemWith(const Parameter& parameter, const toml::node& node)
+{
+    const std::optional<QString> text = written(parameter, node);
+    if (text && !parameter.isSwitch) {
+        return valueOf(parameter, *text, configuration()).problem;
+    }
+    const QString found =
+        text ? QLatin1Char('"') + *text + QLatin1Char('"') : QLatin1String(kindOf(node));
+    return QStringLiteral("%1 is not %2")
+        .arg(found, parameter.isSwitch ? QStringLiteral("true or false")
+                                       : rangeOf(parameter, configuration()));
 }
 
 void readSection(Profile& profile, const Section& section, const toml::table& table)
@@ -101,11 +122,13 @@ void readSection(Profile& profile, const Section& section, const toml::table& ta
                                   "expert mode off")
                        .arg(name));
         }
-        const Understood understood = valueOf(parameter, written(parameter, node), configuration());
-        if (!understood.value) {
-            refuse(profile.file, line, name + QLatin1String(": ") + understood.problem);
+        const std::optional<QString> text = written(parameter, node);
+        const std::optional<double> value =
+            text ? valueOf(parameter, *text, configuration()).value : std::nullopt;
+        if (!value) {
+            refuse(profile.file, line, name + QLatin1String(": ") + problemWith(parameter, node));
         }
-        profile.values[*place] = understood.value;
+        profile.values[*place] = value;
         profile.lines[*place] = line;
     }
 }
@@ -144,7 +167,7 @@ void readContent(Profile& profile, const toml::table& table)
         refuse(profile.file, 0,
                QStringLiteral("does not end with [camera] and its variant: it was cut off"));
     }
-    profile.variant = QString::fromStdString(*variant);
+    profile.variant = textOf(*variant);
 }
 
 QString asToml(const Parameter& parameter, double value)

@@ -133,6 +133,8 @@ Status applyProfile(const Request& request, Answer& answer)
         return profile.whereabouts(place);
     };
     expectOneRate(expected, told);
+    const Values unknown(expected.size());
+    expectOrder(expected, unknown, told);
 
     Session session(sessionOptions(request));
     const QString variant = QLatin1String(variantName(session.versions()));

@@ -73,7 +73,7 @@ void expectConsent(const Request& request, const QString& question)
                       question + QStringLiteral(" There is no terminal to answer at: say --yes."));
     }
     endProgress();
-    std::cerr << qPrintable(question) << " [y/N] " << std::flush;
+    std::cerr << qPrintable(printable(question)) << " [y/N] " << std::flush;
     std::string line;
     if (!platform::waitForInput() || !std::getline(std::cin, line)) {
         std::cerr << std::endl;

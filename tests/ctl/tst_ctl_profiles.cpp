@@ -267,8 +267,21 @@ private Q_SLOTS:
         row("out of range", user + "clhe = 30001\n" + fromSuch,
             "a.toml, line 4: clhe: 30001 is out of range (0 to 30000)");
         row("wrong kind", user + "nuc = 1\n" + fromSuch,
-            "a.toml, line 4: nuc: \"1\" is not off or on");
-        row("a list", user + "clhe = [1]\n" + fromSuch, "a.toml, line 4: clhe: \"\" is not");
+            "a.toml, line 4: nuc: \"1\" is not true or false\n");
+        row("a list", user + "clhe = [1]\n" + fromSuch,
+            "a.toml, line 4: clhe: a list is not 0 to 30000\n");
+        row("a table", user + "clhe.x = 1\n" + fromSuch,
+            "a.toml, line 4: clhe: a table is not 0 to 30000\n");
+        row("a day", user + "clhe = 2026-11-22\n" + fromSuch,
+            "a.toml, line 4: clhe: a date or time is not 0 to 30000\n");
+        row("a switch that is a list", user + "nuc = [true]\n" + fromSuch,
+            "a.toml, line 4: nuc: a list is not true or false\n");
+        row("a name that would act on a terminal",
+            user + "\"x\\u001b[2J\\n\\u009b\" = 1\n" + fromSuch,
+            "a.toml, line 4: unknown parameter \"x\\u001b[2J\\u000a\\u009b\"\n");
+        row("a value that would act on a terminal",
+            user + "color-lut = \"\\u001b[2J\"\n" + fromSuch,
+            "a.toml, line 4: color-lut: \"\\u001b[2J\" is not ");
         row("infinite", user + "zoom-factor = inf\n" + fromSuch, "a.toml, line 4: zoom-factor");
         row("wrong section", user + "gsk = 1\n" + fromSuch,
             "a.toml, line 4: gsk does not belong under [user]");
@@ -289,6 +302,39 @@ private Q_SLOTS:
         QCOMPARE(run.output, QString());
         QVERIFY2(run.errors.contains(told), qPrintable(run.errors));
         QVERIFY(machine.commandsSent().isEmpty());
+    }
+
+    void regionsThatDoNotFitEachOtherNeedNoCamera()
+    {
+        Machine machine;
+        machine.ports.unplug(QStringLiteral("ttyUSB0"));
+        machine.write("a.toml", "format = 1\n[user]\nroi0-inclusive-x1 = 635\n"
+                                "roi0-inclusive-x2 = 100\n" +
+                                    fromSuch);
+        const Run run = machine.run("ttyUSB0 apply a.toml");
+        QCOMPARE(run.status, 2);
+        QCOMPARE(run.errors,
+                 QStringLiteral("tavrelctl: a.toml, line 3: roi0-inclusive-x1 = 635 is beyond "
+                                "roi0-inclusive-x2 = 100; nothing was sent\n"));
+    }
+
+    void whatActsOnATerminalIsShown()
+    {
+        Machine machine;
+        machine.write("a.toml", "format = 1\n[user]\ngamma = 2\n[camera]\n"
+                                "variant = \"\\u001b[31m\\n\"\n");
+        Run run = machine.run("ttyUSB0 apply a.toml");
+        QCOMPARE(run.errors,
+                 QStringLiteral("tavrelctl: warning: a.toml comes from a camera of the variant "
+                                "\\u001b[31m\\u000a, this one is MIPI 60Hz\n"));
+        run = machine.run("ttyUSB0 get \x1b[31m");
+        QCOMPARE(run.errors, QStringLiteral("tavrelctl: unknown parameter \"\\u001b[31m\" "
+                                            "(see \"tavrelctl list\")\n"));
+        run = machine.run("ttyUSB0 save \x1b.toml");
+        QCOMPARE(run.status, 0);
+        QVERIFY2(run.output.endsWith(QStringLiteral(" saved to \\u001b.toml\n")),
+                 qPrintable(run.output));
+        QVERIFY(QFile::exists(machine.path("\x1b.toml")));
     }
 
     void aProfileIsToldByItsNameWhateverThatIs_data()
@@ -402,20 +448,37 @@ private Q_SLOTS:
     void aProfileThatCannotBePlacedIsTold_data()
     {
         QTest::addColumn<QString>("file");
-        QTest::newRow("missing folder") << QStringLiteral("none/a.toml");
-        QTest::newRow("folder") << QStringLiteral("there");
-        QTest::newRow("device") << QStringLiteral("/dev/null");
+        QTest::addColumn<QString>("told");
+        const QString failed = QStringLiteral("cannot be written (");
+        const QString other = QStringLiteral("is no file\n");
+        QTest::newRow("missing folder") << QStringLiteral("none/a.toml") << failed;
+        QTest::newRow("folder") << QStringLiteral("there") << other;
+        QTest::newRow("device") << QStringLiteral("/dev/null") << other;
+        QTest::newRow("link to itself") << QStringLiteral("loop.toml") << failed;
     }
 
     void aProfileThatCannotBePlacedIsTold()
     {
         QFETCH(QString, file);
+        QFETCH(QString, told);
         Machine machine;
+        QVERIFY(QFile::link(QStringLiteral("loop.toml"), machine.path("loop.toml")));
         QDir(machine.folder.path()).mkdir(QStringLiteral("there"));
         const Run run = machine.run({QStringLiteral("ttyUSB0"), QStringLiteral("save"), file});
         QCOMPARE(run.status, 2);
-        QVERIFY2(run.errors.startsWith(QStringLiteral("tavrelctl: ") + file),
+        QVERIFY2(run.errors.startsWith(QStringLiteral("tavrelctl: ") + file + QStringLiteral(": ") +
+                                       told),
                  qPrintable(run.errors));
+        QVERIFY(QFileInfo(machine.path("loop.toml")).isSymLink());
+    }
+
+    void aLinkLeadsToTheProfile()
+    {
+        Machine machine;
+        QVERIFY(QFile::link(QStringLiteral("a.toml"), machine.path("link.toml")));
+        QCOMPARE(machine.run("ttyUSB0 save link.toml").status, 0);
+        QVERIFY(QFileInfo(machine.path("link.toml")).isSymLink());
+        QVERIFY(machine.content("a.toml").startsWith("# Settings"));
     }
 
     void aCameraThatGoesWhileItIsReadLeavesTheOldProfile()
