@@ -60,6 +60,17 @@ QString fromLocal(const std::string& bytes)
     return QString::fromLocal8Bit(bytes.c_str());
 }
 
+/// A word of the user. One that cannot be turned back into its bytes would name another file.
+QString textOf(const std::string& word)
+{
+    QString text = fromLocal(word);
+    if (text.toLocal8Bit().toStdString() != word) {
+        throw Failure(Status::Usage,
+                      QStringLiteral("\"%1\" is no text in the encoding of this system").arg(text));
+    }
+    return text;
+}
+
 const QString hint = QStringLiteral("\nTry 'tavrelctl --help'.");
 
 /// Finds out what is no number of that kind within these limits; "nan" is within none.
@@ -217,10 +228,10 @@ std::variant<Request, QByteArray> requestOf(int argc, char** argv)
     }
     Request& request = parsed.request;
     request.task = QLatin1String(wanted->name);
-    request.port = fromLocal(parsed.port);
-    request.picture = fromLocal(parsed.picture);
+    request.port = textOf(parsed.port);
+    request.picture = textOf(parsed.picture);
     for (const std::string& word : parsed.words) {
-        request.words.append(fromLocal(word));
+        request.words.append(textOf(word));
     }
     if (parsed.linkRate > 0) {
         request.linkRate = parsed.linkRate;

@@ -337,6 +337,22 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(machine.path("\x1b.toml")));
     }
 
+    void aNameThatIsNoTextIsNotChanged()
+    {
+        Machine machine;
+        const auto process =
+            machine.start({QStringLiteral("-c"),
+                           QStringLiteral("exec \"$0\" ttyUSB0 save \"$(printf 'a\\377.toml')\""),
+                           QStringLiteral(TAVREL_CTL)},
+                          QStringLiteral("/bin/sh"));
+        const Run run = machine.finish(*process);
+        QCOMPARE(run.status, 2);
+        QVERIFY2(run.errors.contains(QStringLiteral(".toml\" is no text in the encoding of ")),
+                 qPrintable(run.errors));
+        QVERIFY(machine.calls().isEmpty());
+        QVERIFY(QDir(machine.folder.path()).entryList({QStringLiteral("*.toml")}).isEmpty());
+    }
+
     void aProfileIsToldByItsNameWhateverThatIs_data()
     {
         QTest::addColumn<QByteArray>("line");
