@@ -64,9 +64,8 @@ QByteArray state()
     const std::lock_guard entry(Simulator::instance().gate());
     QStringList lines;
     for (const auto& device : Simulator::instance().cameras()) {
-        lines << device->description() +
-                     (device->isPulledOut() ? QStringLiteral(", pulled out") : QString()) +
-                     (device->isHanging() ? QStringLiteral(", hanging") : QString());
+        lines
+            << (QStringList(device->description()) + device->oddities()).join(QStringLiteral(", "));
     }
     const QStringList faults = Simulator::instance().faultSections();
     for (const QString& section : faults) {

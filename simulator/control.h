@@ -28,8 +28,9 @@ OMBRIX_SDK_API void restart();
 OMBRIX_SDK_API void cyclePower();
 
 /// A value of the camera as a settings file has it, by its key there ("gamma",
-/// "sensorTemperature"). Without a key all of them, in lines of key=value. Refused: no such camera,
-/// no such key.
+/// "sensorTemperature"). Without a key all of them, in lines of key=value, but for ports, badPixels
+/// and tableFile. It is the one that lasts, whatever the camera answers during a NUC, as long as it
+/// warms up, or about a temporary baud rate. Refused: no such camera, no such key.
 OMBRIX_SDK_API Answer get(const std::string& camera, const std::string& key = {});
 
 /// Changes values of the camera, all or none: lines of key=value, with the units and ranges of the

@@ -53,6 +53,24 @@ QString Device::description() const
              factory.ports.join(QStringLiteral(", ")));
 }
 
+QStringList Device::oddities() const
+{
+    QStringList found;
+    if (pulledOut) {
+        found << QStringLiteral("pulled out");
+    }
+    if (isHanging()) {
+        found << QStringLiteral("hanging");
+    }
+    if (isNucRunning()) {
+        found << QStringLiteral("NUC");
+    }
+    if (currentBaudRate != get<std::uint32_t>(Parameter::baudRate)) {
+        found << QStringLiteral("at %1 baud until its power is off").arg(currentBaudRate);
+    }
+    return found;
+}
+
 void Device::cyclePower()
 {
     for (const ParameterFacts& facts : parameterTable()) {

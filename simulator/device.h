@@ -9,6 +9,7 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 #include <cstdint>
 #include <initializer_list>
@@ -47,6 +48,8 @@ public:
     [[nodiscard]] const CameraSettings& settings() const { return factory; }
     /// Its section, serial number and ports in a line.
     [[nodiscard]] QString description() const;
+    /// Why it is silent, or does not answer what it holds; empty when neither is so.
+    [[nodiscard]] QStringList oddities() const;
 
     /// A camera that hangs answers nothing until its power is switched off and on, or until
     /// whatever did it is over. fault: section of the one that was put; empty: the plan.

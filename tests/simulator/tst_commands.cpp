@@ -304,6 +304,35 @@ private Q_SLOTS:
         QCOMPARE(camera.getTestPattern(), ombrix_sdk::Flag{0});
     }
 
+    void theListSaysWhyACameraIsSilentOrOther()
+    {
+        Listening simulator("manualClock=true\nnucDuration=3000\n");
+        ICamera& camera = simulator.scene.camera();
+        const auto stateTold = [&simulator] {
+            return simulator.tell("list")
+                .standardOutput.section(QLatin1Char('\n'), 0, 0)
+                .remove(QStringLiteral("[camera] serial number 20417 on port *"));
+        };
+        QCOMPARE(stateTold(), QString());
+        QCOMPARE(camera.requestNuc(1), ombrix_sdk::Flag{1});
+        QCOMPARE(stateTold(), QStringLiteral(", NUC"));
+        QCOMPARE(simulator.tell("advance 3000").exitCode, 0);
+        QCOMPARE(stateTold(), QString());
+        QCOMPARE(simulator.tell("fault getGsk hangUp=true").exitCode, 0);
+        camera.getGsk();
+        QCOMPARE(simulator.tell("pull camera").exitCode, 0);
+        QCOMPARE(stateTold(), QStringLiteral(", pulled out, hanging"));
+        QCOMPARE(simulator.tell("lift").exitCode, 0);
+        QCOMPARE(simulator.tell("plug camera").exitCode, 0);
+        QCOMPARE(camera.setBaudRate(9600, true), ombrix_sdk::Flag{1});
+        QCOMPARE(stateTold(), QString());
+        QCOMPARE(simulator.tell("set camera baudRate=115200").exitCode, 0);
+        QCOMPARE(camera.setBaudRate(9600, false), ombrix_sdk::Flag{1});
+        QCOMPARE(stateTold(), QStringLiteral(", at 9600 baud until its power is off"));
+        QCOMPARE(simulator.tell("power").exitCode, 0);
+        QCOMPARE(stateTold(), QString());
+    }
+
     void theClockIsSet()
     {
         Listening simulator("manualClock=true\n");
