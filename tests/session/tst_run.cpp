@@ -44,6 +44,7 @@ private Q_SLOTS:
     void twoToolsWorkInTwoBuildFolders();
     void anAdapterIsUnpluggedAndPluggedOnce();
     void aSimulatorThatNoToolHasIsNotWorked();
+    void aSimulatorIsWorkedFromWhereItsCallerIs();
     void anUnknownPortIsRefused_data();
     void anUnknownPortIsRefused();
     void wrongWordsAreRefused_data();
@@ -297,6 +298,16 @@ void TestRun::aSimulatorThatNoToolHasIsNotWorked()
     QCOMPARE(refused.exitCode, 3);
     QCOMPARE(refused.output, QStringLiteral("No tool that ./run started works in %1.\n")
                                  .arg(path(QStringLiteral("a clone/build/session"))));
+}
+
+void TestRun::aSimulatorIsWorkedFromWhereItsCallerIs()
+{
+    write(QStringLiteral("a clone/build/bin/ombrix-simulator"), "pwd; echo \"$@\"\n");
+    const Ending worked = run({QStringLiteral("--simulator"), QStringLiteral("--help")});
+    QCOMPARE(worked.output, QStringLiteral("%1\n--at %2 --help\n")
+                                .arg(path(QStringLiteral("a caller")),
+                                     path(QStringLiteral("a clone/build/session/control"))));
+    QCOMPARE(worked.exitCode, 0);
 }
 
 void TestRun::anUnknownPortIsRefused_data()
