@@ -27,6 +27,8 @@ add_custom_command(OUTPUT ${manual}
 add_custom_target(ombrix_simulator_manual ALL DEPENDS ${manual})
 install(TARGETS ombrix_simulator DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT development)
 install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT development)
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/linux/ombrix-simulator.bash RENAME ombrix-simulator
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT development)
 
 install(FILES ${PROJECT_SOURCE_DIR}/sdk/ombrix_sdk.h
     DESTINATION ${TAVREL_SDK_HEADERS}/sdk COMPONENT development)

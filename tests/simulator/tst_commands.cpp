@@ -542,6 +542,47 @@ private Q_SLOTS:
         }
     }
 
+    void bashCompletesAWord_data()
+    {
+        QTest::addColumn<QString>("words");
+        QTest::addColumn<QString>("completed");
+        const auto row = [](const char* words, const char* completed) {
+            QTest::newRow(words) << QString::fromLatin1(words) << QString::fromLatin1(completed);
+        };
+        row("pl", "plug");
+        row("--at control p", "pull plug power");
+        row("--at = control set ", "camera 20417");
+        row("--at control get 204", "20417");
+        row("--at control get camera gam", "gamma");
+        row("--at control set camera gsk = 7 gm", "gms=");
+        row("--at control set camera gsk = ", "");
+        row("--at control lift ", "setGsk");
+        row("--at ", "");
+        row("--at nowhere get ", "");
+    }
+
+    void bashCompletesAWord()
+    {
+        QFETCH(QString, words);
+        QFETCH(QString, completed);
+        Listening simulator;
+        QCOMPARE(simulator.tell("fault setGsk value=0").exitCode, 0);
+        QProcess process;
+        process.setProcessEnvironment(ownEnvironment());
+        process.start(
+            QStringLiteral("bash"),
+            QStringList({QStringLiteral("-c"),
+                         QStringLiteral(". \"$0\"; COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1)); "
+                                        "_ombrix_simulator \"$1\" \"${COMP_WORDS[-1]}\"; "
+                                        "echo \"${COMPREPLY[@]}\""),
+                         QStringLiteral(TAVREL_SOURCE_DIR "/packaging/linux/ombrix-simulator.bash"),
+                         QStringLiteral(TAVREL_COMMAND)}) +
+                words.split(QLatin1Char(' ')));
+        QVERIFY(process.waitForFinished(longest));
+        QCOMPARE(process.readAllStandardError(), QByteArray());
+        QCOMPARE(QString::fromUtf8(process.readAllStandardOutput()).simplified(), completed);
+    }
+
     void aProgramThatEndsWithoutAnAnswerIsNoSimulator_data()
     {
         QTest::addColumn<QByteArray>("answer");
