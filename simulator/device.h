@@ -52,10 +52,13 @@ public:
     [[nodiscard]] QStringList oddities() const;
 
     /// A camera that hangs answers nothing until its power is switched off and on, or until
-    /// whatever did it is over. fault: section of the one that was put; empty: the plan.
+    /// whatever did it is over. fault: number of the one that was put; 0: the plan.
     [[nodiscard]] bool isHanging() const { return !hangingBy.empty(); }
-    void hangUp(const QString& fault) { hangingBy.insert(fault); }
-    void endHanging(const QString& fault) { hangingBy.erase(fault); }
+    void hangUp(int fault) { hangingBy.insert(fault); }
+    template<typename Condition> void endHangingBy(Condition isOver)
+    {
+        std::erase_if(hangingBy, isOver);
+    }
     /// A camera that is pulled out keeps its power and its ports, and is reached by none of them.
     [[nodiscard]] bool isPulledOut() const { return pulledOut; }
     void setPulledOut(bool on) { pulledOut = on; }
@@ -115,7 +118,7 @@ private:
     ParameterValues values;
     QByteArray table;
     std::uint32_t currentBaudRate = 0;
-    std::set<QString> hangingBy; ///< faults; empty: it does not hang
+    std::set<int> hangingBy; ///< faults; empty: it does not hang
     bool pulledOut = false;
     qint64 switchedOn = 0;     ///< time of the clock
     qint64 minutesCounted = 0; ///< since then

@@ -239,7 +239,7 @@ QStringList Plan::put(IniFile& ini)
     const QStringList given = ini.sections();
     for (const QString& section : given) {
         if (std::optional<Rule> rule = readRule(ini, section)) {
-            rule->outcome.fault = section;
+            rule->outcome.fault = ++faultsPut;
             more.push_back(*rule);
         }
     }
@@ -259,6 +259,12 @@ QStringList Plan::put(IniFile& ini)
 bool Plan::lift(const QString& section)
 {
     return std::erase_if(rules, [&](const Rule& rule) { return rule.section == section; }) > 0;
+}
+
+bool Plan::hasFault(int number) const
+{
+    return std::any_of(rules.begin(), rules.end(),
+                       [number](const Rule& rule) { return rule.outcome.fault == number; });
 }
 
 QStringList Plan::sections() const

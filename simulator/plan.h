@@ -39,7 +39,7 @@ struct CallOutcome {
     bool planned = false;        ///< a rule of the plan applies to this call
     bool carryOut = true;        ///< do what was asked for
     bool hangUp = false;         ///< from this call on, no answer at all
-    QString fault;               ///< section of the fault that wants it; empty: the plan does
+    int fault = 0;               ///< number of the fault that wants it; 0: the plan does
     bool lost = false;           ///< no answer, as long as the rule is there
     qint64 delay = 0;            ///< milliseconds before anything else happens
     std::optional<qint64> value; ///< to be answered instead
@@ -65,6 +65,8 @@ public:
     QStringList put(IniFile& ini);
     /// Takes the rule of a section away; false when there is none.
     bool lift(const QString& section);
+    /// Whether the rule of this number has not been lifted or replaced since it was put.
+    [[nodiscard]] bool hasFault(int number) const;
     /// The sections of the rules that there are.
     [[nodiscard]] QStringList sections() const;
     [[nodiscard]] bool isEmpty() const { return rules.empty(); }
@@ -119,6 +121,7 @@ private:
     std::optional<std::pair<QDateTime, qint64>> lastState;
     QByteArray content;
     bool isSettled = false;
+    int faultsPut = 0; ///< since the start: a number is given once
     qint64 cycles = 0;
     std::vector<Rule> rules; ///< the most exact pattern first
     QStringList found;

@@ -2,9 +2,9 @@
 #include "simulator/simulator.h"
 
 #include "simulator/commands.h"
-#include "simulator/ini.h"
 #include "simulator/roles.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <mutex>
 #include <optional>
@@ -186,7 +186,7 @@ void Simulator::followPlan()
     }
     logWriter.notice(QStringLiteral("the plan has changed: %1").arg(settings.planFile));
     logWriter.problems(plan.problems());
-    endHanging({QString()});
+    endHanging(true);
     if (plan.powerCycles() != powerCyclesDone) {
         powerCyclesDone = plan.powerCycles();
         logWriter.notice(QStringLiteral("the cameras' power goes off and on"));
@@ -194,12 +194,11 @@ void Simulator::followPlan()
     }
 }
 
-void Simulator::endHanging(const QStringList& faultsThatAreOver)
+void Simulator::endHanging(bool planHasChanged)
 {
     for (const auto& device : devices) {
-        for (const QString& fault : faultsThatAreOver) {
-            device->endHanging(fault);
-        }
+        device->endHangingBy(
+            [&](int fault) { return fault == 0 ? planHasChanged : !faults.hasFault(fault); });
     }
 }
 
@@ -224,21 +223,18 @@ QStringList Simulator::putFaults(IniFile& ini)
         return {QStringLiteral("no fault is put: safe mode")};
     }
     QStringList problems = faults.put(ini);
-    if (problems.isEmpty()) {
-        endHanging(ini.sections());
-    }
+    endHanging(false);
     return problems;
 }
 
 bool Simulator::liftFault(const QString& section)
 {
     const QStringList lifted = section.isEmpty() ? faults.sections() : QStringList(section);
-    if (section.isEmpty()) {
-        faults = {};
-    } else if (!faults.lift(section)) {
+    if (!std::all_of(lifted.begin(), lifted.end(),
+                     [this](const QString& name) { return faults.lift(name); })) {
         return false;
     }
-    endHanging(lifted);
+    endHanging(false);
     return true;
 }
 
@@ -269,7 +265,8 @@ bool Simulator::reach(Device* device, std::uint32_t linkBaudRate, Operation oper
 {
     if (device != nullptr) {
         device->passTime();
-        if (outcome.hangUp) {
+        // It may have been lifted while the call waited.
+        if (outcome.hangUp && (outcome.fault == 0 || faults.hasFault(outcome.fault))) {
             device->hangUp(outcome.fault);
         }
     }

@@ -91,8 +91,8 @@ private:
     void begin();
     void followPlan();
     CallOutcome outcomeOf(const Call& call);
-    /// What rules broke must not outlive them. An empty one stands for the plan's.
-    void endHanging(const QStringList& faultsThatAreOver);
+    /// What rules broke must not outlive them.
+    void endHanging(bool planHasChanged);
 
     Log logWriter;
     Clock timePiece;

@@ -367,6 +367,19 @@ private Q_SLOTS:
         program.join();
     }
 
+    void aFaultThatIsLiftedWhileACallWaitsHangsNoCamera()
+    {
+        Listening simulator;
+        ICamera& camera = simulator.scene.camera();
+        QCOMPARE(simulator.tell("fault getGsk delay=86400000 hangUp=true").exitCode, 0);
+        std::thread program([&] { camera.getGsk(); });
+        QTRY_COMPARE_WITH_TIMEOUT(ombrix_simulator::calls("getGsk"), 1, longest);
+        QCOMPARE(simulator.tell("lift getGsk").exitCode, 0);
+        QCOMPARE(simulator.tell("speed 0").exitCode, 0);
+        program.join();
+        QCOMPARE(camera.getGms(), 24U);
+    }
+
     void aWrongCommandIsRefusedAndChangesNothing_data()
     {
         QTest::addColumn<QString>("command");
