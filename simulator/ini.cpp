@@ -139,7 +139,7 @@ void IniFile::reject(int line, const QString& text, const QString& reason)
     if (belongs) {
         current->faulty = true;
     }
-    if (begins || text.contains(QLatin1Char('[')) || text.contains(QLatin1Char(']'))) {
+    if (text.contains(QLatin1Char('[')) || text.contains(QLatin1Char(']'))) {
         current = nullptr;
     }
 }

@@ -263,7 +263,7 @@ private Q_SLOTS:
              unknownKey(QString(60, QLatin1Char('k')) + QStringLiteral("..."))});
         row("a camera on no port", "[camera]\ngamma=2.2\n[camera 2]\nserialNumber=2\nports=,\n",
             {QStringLiteral("5: [camera 2] ports: \",\" names no port; the camera is on none")});
-        row("what was to be a section", "[camera]\ngamma=2.2\ncamera2]\ngsk=1\n[simulator]\n",
+        row("what was to be a section", "[camera]\ngamma=2.2\ncamera2]\ngsk=no\n[simulator]\n",
             {QStringLiteral(
                 "3: [camera]: \"camera2]\" is neither [section] nor key=value; the line "
                 "is not used")});
@@ -278,6 +278,8 @@ private Q_SLOTS:
             {QStringLiteral("3: \"[simulator\" is no [section]; what follows up to the next is "
                             "not used")});
         row("a section that cannot be read", "[camera]\ngamma=2.2\n[camera\x01]\ngsk=1\ngamma=1\n",
+            {QStringLiteral("3: control character 0x01; the line is not used")});
+        row("a section that neither can be read nor ends", "[camera]\ngamma=2.2\n[\x01\ngsk=no\n",
             {QStringLiteral("3: control character 0x01; the line is not used")});
         row("several, by their lines", "[camera]\ngama=1\ngamma=2.2\n[kamera]\n???\ngsk=no\n",
             {QStringLiteral("2: ") + unknownKey(QStringLiteral("gama")),
